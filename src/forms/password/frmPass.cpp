@@ -1,0 +1,204 @@
+#include "forms/password/frmPass.h"
+
+#include "forms/password/frmPass_design.h"
+#include "forms/settings/show_settings.h"
+#include "localization/language_resolution.h"
+#include "localization/text_application.h"
+#include "platform/process.h"
+#include "runtime/conversions.h"
+#include "shell/messages.h"
+#include "shell/program_state.h"
+#include "window_services/keyboard_cues.h"
+
+namespace kestrelmoor {
+
+namespace {
+
+constexpr int kMaskColumn = 89; ///< dialog units: the second column lies under txtOldPass
+
+} // namespace
+
+frmPass::frmPass()
+    : Form(kfrmPassDesign), lblUser(Get<Label>(u"lblUser")), txtUser(Get<TextBox>(u"txtUser")),
+      txtStatus(Get<TextBox>(u"txtStatus")), chkSame(Get<CheckBox>(u"chkSame")),
+      lblOldPass(Get<Label>(u"lblOldPass")), txtOldPass(Get<TextBox>(u"txtOldPass")),
+      lstOldPass(Get<ListBox>(u"lstOldPass")), lblNewPass(Get<Label>(u"lblNewPass")),
+      txtNewPass(Get<TextBox>(u"txtNewPass")), txtConfirm(Get<TextBox>(u"txtConfirm")),
+      lblWait(Get<Label>(u"lblWait")), cmdSettings(Get<CommandButton>(u"cmdSettings")),
+      cmdOK(Get<CommandButton>(u"cmdOK")), cmdCancel(Get<CommandButton>(u"cmdCancel")) {
+    ConnectHandlers();
+}
+
+void frmPass::ConnectHandlers() {
+    chkSame.Click = [this] { chkSame_Click(); };
+    cmdSettings.Click = [this] { cmdSettings_Click(); };
+    cmdOK.Click = [this] { cmdOK_Click(); };
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+    txtNewPass.Change = [this] { txtNewPass_Change(); };
+    txtOldPass.Change = [this] { txtOldPass_Change(); };
+}
+
+void frmPass::Form_Initialize() {
+    ReadKeyboardCues();
+    ++gPassFormCount;
+}
+
+void frmPass::Form_Load() {
+    CloseStatusGap();
+    LoadTargets();
+    mOldPassTop = txtOldPass.Top();
+    mOldPassWidth = txtOldPass.Width();
+    mOldPassHeight = txtOldPass.Height();
+    lstOldPass.SetTabStops({kMaskColumn});
+    ApplyTexts();
+    mCueShown = !gKeyboardCues;
+    ReapplyCues();
+    chkSame_Click();
+    txtUser.SetText(gUserName);
+    if (lstOldPass.ListCount() < 2)
+        chkSame.SetValue(1);
+    lstOldPass.SetListIndex(-1);
+    FindHelpFile();
+    cmdOK.SetEnabled(false);
+    // A hidden control can't take the focus.
+    Show();
+    if (chkSame.Value() != 0)
+        txtOldPass.SetFocus();
+    else
+        lstOldPass.SetFocus();
+}
+
+void frmPass::Form_Unload() {
+    if (mLogOffOnExit)
+        platform::ExitWindowsEx(0, 0);
+}
+
+void frmPass::Form_Terminate() {
+    --gPassFormCount;
+}
+
+void frmPass::Form_KeyDown(int& KeyCode, int /*Shift*/) {
+    // There is no help to open yet; the key goes no further all the same.
+    if (KeyCode == key::kF1)
+        KeyCode = 0;
+}
+
+void frmPass::ICue_Cue() {
+    if (mCueShown)
+        return;
+    ShowCues(*this);
+    mCueShown = true;
+}
+
+void frmPass::ICue_UnCue() {
+    if (!mCueShown)
+        return;
+    HideCues(*this);
+    mCueShown = false;
+}
+
+/// Turns the cue flag, so that the pass back to the state it had runs through new captions.
+void frmPass::ReapplyCues() {
+    if (mCueShown)
+        ICue_UnCue();
+    else
+        ICue_Cue();
+}
+
+/// The status box appears with the run only; until then the controls below it stand in its place.
+void frmPass::CloseStatusGap() {
+    const Twips gap = chkSame.Top() - txtStatus.Top();
+    MoveFrom(chkSame, -gap);
+    SetHeight(Height() - gap);
+}
+
+/// Moves every control at or behind `first` in tab order.
+void frmPass::MoveFrom(const Control& first, Twips distance) {
+    for (const auto& control : Controls())
+        if (control->TabIndex() >= first.TabIndex())
+            control->SetTop(control->Top() + distance);
+}
+
+void frmPass::ApplyTexts() {
+    const LibraryFont font = FontOfLibrary();
+    SetCaption(TaggedText(Tag()));
+    font.ApplyTo(Font());
+    for (const auto& control : Controls()) {
+        if (const auto* label = dynamic_cast<const Label*>(control.get())) {
+            const auto number = static_cast<std::int16_t>(label->LinkTimeout());
+            control->SetTag(number != 0 ? LoadMessage(number, {}) : String());
+        } else if (IsNumeric(control->Tag())) {
+            control->SetCaption(TaggedText(control->Tag()));
+        }
+        font.ApplyTo(control->Font());
+    }
+}
+
+void frmPass::ShowOldPassCaption() {
+    if (mCueShown)
+        ShowCaptionCue(lblOldPass);
+    else
+        HideCaptionCue(lblOldPass);
+}
+
+void frmPass::chkSame_Click() {
+    const bool single = chkSame.Value() != 0;
+    const Twips shift = single ? -lstOldPass.Height() : lstOldPass.Height();
+    if (single)
+        EnterSingleMode();
+    else
+        EnterListMode();
+    ShowOldPassCaption();
+    MoveFrom(lblNewPass, shift);
+    SetHeight(Height() + shift);
+    lstOldPass.SetVisible(!single);
+    txtOldPass.SetVisible(single);
+    UpdateOkButton();
+}
+
+void frmPass::EnterSingleMode() {
+    lblOldPass.SetTag(LoadMessage(301, {}));
+    txtOldPass.SetBorderStyle(1);
+    txtOldPass.SetText(mSavedOldPass);
+    txtOldPass.Move(txtOldPass.Left(), mOldPassTop, mOldPassWidth, mOldPassHeight);
+}
+
+void frmPass::EnterListMode() {
+    lblOldPass.SetTag(LoadMessage(302, {}));
+    mOldPassHeight = txtOldPass.Height();
+    mOldPassTop = txtOldPass.Top();
+    mOldPassWidth = txtOldPass.Width();
+    mSavedOldPass = txtOldPass.Text();
+    txtOldPass.SetBorderStyle(0);
+}
+
+void frmPass::cmdSettings_Click() {
+    const std::int16_t language = gLangID;
+    ShowSettings(*this);
+    if (IsUnloaded())
+        return;
+    if (gLangID != language) {
+        ReloadLanguage();
+        if (IsUnloaded())
+            return;
+    }
+    LoadTargets();
+}
+
+void frmPass::ReloadLanguage() {
+    gLocalizer = nullptr;
+    if (LoadLocalization(gLangID)) {
+        Unload();
+        return;
+    }
+    ApplyTexts();
+    mCueShown = !mCueShown;
+    ReapplyCues();
+    FindHelpFile();
+}
+
+void frmPass::cmdCancel_Click() {
+    Unload();
+}
+
+} // namespace kestrelmoor

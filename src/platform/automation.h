@@ -1,0 +1,20 @@
+#pragma once
+
+#include "runtime/text.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace kestrelmoor::platform {
+
+/// What a language library hands out by address, in the platform's own shapes: taken over as a value of the
+/// program's, and given back on the spot.
+
+/// A counted text (BSTR). Null is an empty text.
+String TakeText(char16_t* text);
+
+/// An array of signed 16-bit numbers in one dimension (SAFEARRAY of VT_I2). Null, or an array of another
+/// kind, is an empty list.
+std::vector<std::int16_t> TakeNumbers(void* array);
+
+} // namespace kestrelmoor::platform

@@ -1,0 +1,247 @@
+"""Reads a .po file into the texts of one language, and says everything that is wrong with it at once."""
+
+import dataclasses
+import json
+import re
+
+import plural_table
+import polib
+import text_area
+
+EMPTY_ON_PURPOSE = "(none)"
+SOURCE_LANGUAGE = "en"
+
+
+class Refused(Exception):
+    """The file can't be used; the argument is the list of reasons, one line each."""
+
+
+@dataclasses.dataclass
+class Catalogue:
+    """What every language has to hold: languages/messages.json."""
+
+    arguments: dict  # message number -> number of its arguments
+    nouns: set
+    may_be_empty: set
+    windows: dict  # name -> numbers of the texts that show at the same time
+
+
+@dataclasses.dataclass
+class Translation:
+    languages: list
+    serves_relatives: bool
+    font: str
+    old_font: str
+    charset: int
+    help_file: str
+    plural_table: bytes
+    texts: dict  # (number, form) -> text
+    notes: list  # what a translator may want to know, one line each
+
+
+def read_catalogue(path):
+    with open(path, encoding="utf-8") as file:
+        data = json.load(file)
+    return Catalogue(
+        arguments={int(number): count for number, count in data["messages"].items()},
+        nouns=set(data["nouns"]),
+        may_be_empty=set(data["may_be_empty"]),
+        windows=data["windows"],
+    )
+
+
+def placeholders(text):
+    """The digits behind single percent signs, as the program reads them; a None for any other sign."""
+    found = []
+    for match in re.finditer(r"%(%|[0-9]|)", text):
+        if match[1] != "%":
+            found.append(int(match[1]) if match[1] else None)
+    return found
+
+
+def accelerators(text):
+    """The characters behind single ampersands."""
+    return [match[1] for match in re.finditer(r"&(&|.|$)", text, re.DOTALL) if match[1] != "&"]
+
+
+class _Reader:
+    def __init__(self, path, catalogue):
+        self.path = path
+        self.catalogue = catalogue
+        self.problems = []
+        self.notes = []
+        self.texts = {}
+        self.lines = {}
+        self.form_count = 0
+
+    def complain(self, line, text):
+        self.problems.append(f"{self.path}:{line}: {text}")
+
+    def read(self):
+        file = self.parse()
+        translation = self.read_head(file)
+        for entry in file:
+            if not entry.obsolete:
+                self.read_entry(entry, file.metadata.get("Language", ""))
+        self.check_completeness()
+        self.check_accelerators()
+        if self.problems:
+            raise Refused(self.problems)
+        return translation
+
+    def parse(self):
+        try:
+            return polib.pofile(self.path.read_text(encoding="utf-8"))
+        except UnicodeDecodeError as error:
+            raise Refused(
+                [f"{self.path}: it is not in UTF-8 at byte {error.start}: save it as UTF-8"]
+            ) from None
+        except OSError as error:
+            # The parser raises the same kind of error as the file system, with the line in its text.
+            line = re.search(r"\(line ([0-9]+)\)(?:: (.*))?", str(error))
+            if not line:
+                raise Refused([f"{self.path}: {error.strerror}"]) from None
+            raise Refused(
+                [f"{self.path}:{line[1]}: not understood as a .po file: {line[2] or 'wrong syntax'}"]
+            ) from None
+
+    def field(self, file, name, pattern, meaning):
+        value = file.metadata.get(name, "").strip()
+        if not re.fullmatch(pattern, value):
+            self.complain(1, f"the header field {name} should be {meaning}, but is '{value}'")
+            return None
+        return value
+
+    def read_head(self, file):
+        numbers = self.field(
+            file, "X-Language-Numbers", r"[0-9]+( +[0-9]+)*", "language numbers with blanks between"
+        )
+        languages = [int(number) for number in numbers.split()] if numbers else []
+        if not all(0 < number < 0x10000 for number in languages):
+            self.complain(1, "the header field X-Language-Numbers holds a number outside 1 to 65535")
+        relatives = self.field(file, "X-Serves-Relatives", "yes|no", "yes or no")
+        font = self.field(file, "X-Font-Name", ".+", "the name of a font")
+        old_font = self.field(file, "X-Font-Name-NT4", ".+", "the name of a font")
+        charset = self.field(file, "X-Font-Charset", "[0-9]{1,3}", "the number of a character set")
+        help_file = self.field(file, "X-Help-File", ".+", "the name of the help file")
+        table = b""
+        try:
+            self.form_count, rule = plural_table.parse(file.metadata.get("Plural-Forms", ""))
+            table = plural_table.make(self.form_count, rule)
+        except ValueError as error:
+            self.complain(1, str(error))
+        return Translation(
+            languages=languages,
+            serves_relatives=relatives == "yes",
+            font=font,
+            old_font=old_font,
+            charset=int(charset or 0),
+            help_file=help_file,
+            plural_table=table,
+            texts=self.texts,
+            notes=self.notes,
+        )
+
+    def read_entry(self, entry, language):
+        context = entry.msgctxt or ""
+        if not re.fullmatch("[1-9][0-9]{0,4}", context):
+            self.complain(entry.linenum, f"'{context}' is no message number: write the number as msgctxt")
+            return
+        number = int(context)
+        if number in self.lines:
+            self.complain(
+                entry.linenum,
+                f"number {number} stands in line {self.lines[number]} already: keep one of them",
+            )
+            return
+        self.lines[number] = entry.linenum
+        is_noun = number in self.catalogue.nouns
+        if not is_noun and number not in self.catalogue.arguments:
+            self.complain(entry.linenum, f"the program has no text number {number}: take the entry out")
+        elif is_noun != bool(entry.msgid_plural):
+            form = "a noun, and needs msgid_plural" if is_noun else "no noun: take out msgid_plural"
+            self.complain(entry.linenum, f"number {number} is {form}")
+        else:
+            translated = entry.translated()
+            if not translated and not language.startswith(SOURCE_LANGUAGE):
+                if entry.msgid != EMPTY_ON_PURPOSE:
+                    self.notes.append(f"{self.path}:{entry.linenum}: number {number} stays in English")
+            if is_noun:
+                self.read_noun(entry, number, translated)
+            else:
+                self.read_message(entry, number, entry.msgstr if translated else entry.msgid)
+
+    def read_noun(self, entry, number, translated):
+        for form in range(self.form_count):
+            if translated:
+                text = entry.msgstr_plural.get(form, "")
+            else:
+                text = entry.msgid if form == 0 else entry.msgid_plural
+            if not text:
+                self.complain(entry.linenum, f"number {number} lacks msgstr[{form}]")
+            if placeholders(text):
+                self.complain(entry.linenum, f"number {number} is a noun and takes no arguments: '{text}'")
+            self.texts[number, form] = text
+        surplus = [form for form in entry.msgstr_plural if form >= self.form_count]
+        if surplus:
+            self.complain(
+                entry.linenum,
+                f"number {number} has msgstr[{surplus[0]}], but nplurals is {self.form_count}",
+            )
+
+    def read_message(self, entry, number, text):
+        if text == EMPTY_ON_PURPOSE:
+            if number not in self.catalogue.may_be_empty:
+                self.complain(entry.linenum, f"number {number} can't be left empty: give it a text")
+            text = ""
+        else:
+            self.check_placeholders(entry.linenum, number, text)
+        self.texts[number, text_area.MESSAGE_FORM] = re.sub("\r?\n", "\r\n", text)
+
+    def check_placeholders(self, line, number, text):
+        found = placeholders(text)
+        if None in found:
+            self.complain(line, f"number {number} has a lone percent sign: write %% for a percent sign")
+        wanted = set(range(1, self.catalogue.arguments[number] + 1))
+        here = {digit for digit in found if digit is not None}
+        for digit in sorted(here - wanted):
+            self.complain(
+                line, f"number {number} has %{digit}, but takes {len(wanted)} argument(s): take it out"
+            )
+        for digit in sorted(wanted - here):
+            self.complain(line, f"number {number} lacks %{digit}: put it where the argument belongs")
+
+    def check_completeness(self):
+        for number in sorted((self.catalogue.nouns | set(self.catalogue.arguments)) - set(self.lines)):
+            self.problems.append(
+                f"{self.path}: number {number} is missing: copy its entry from en.po and translate it"
+            )
+
+    def check_accelerators(self):
+        marks = {}
+        for number in sorted({number for group in self.catalogue.windows.values() for number in group}):
+            found = accelerators(self.texts.get((number, text_area.MESSAGE_FORM), ""))
+            if len(found) > 1 or any(not mark.strip() for mark in found):
+                self.complain(
+                    self.lines[number],
+                    f"number {number} needs one & at most, ahead of a letter; write && for an ampersand",
+                )
+            elif found:
+                marks[number] = found[0].casefold()
+        for window, numbers in self.catalogue.windows.items():
+            holders = {}
+            for number in numbers:
+                mark = marks.get(number)
+                if mark in holders:
+                    self.complain(
+                        self.lines[number],
+                        f"number {number} has the letter '{mark}' as accelerator, as number {holders[mark]} "
+                        f"in line {self.lines[holders[mark]]} has; both show in {window}: choose another",
+                    )
+                elif mark:
+                    holders[mark] = number
+
+
+def read(path, catalogue):
+    """Returns the Translation, or raises Refused with every reason."""
+    return _Reader(path, catalogue).read()
