@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Builds the program's folder (out/program) and the same logic for this computer (out/native).
+set -eu
+cd "$(dirname "$0")"
+
+tools/install_packages.sh cmake ninja-build g++ g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 \
+  nlohmann-json3-dev libgtest-dev googletest python3 python3-polib gettext
+
+for preset in native windows; do
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset"
+done
+
+rm -rf out/program
+cp -r out/windows/program out/program
+echo "out/program/Moorlink.exe and its language library; out/native/practice, the practice console"

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Runs every test and prints one closing line; `./test.sh native`, `desktop` or `interop` runs a part.
+set -u
+cd "$(dirname "$0")"
+
+rings=("$@")
+[ $# -gt 0 ] || rings=(native desktop interop)
+for ring in "${rings[@]}"; do
+  case "$ring" in
+    native | desktop | interop) ;;
+    *)
+      echo "test.sh: there is no ring '$ring'; name native, desktop, interop, or nothing for all" >&2
+      exit 2
+      ;;
+  esac
+done
+
+tools/install_packages.sh clang-format clang-tidy || exit 1
+if ! ./build.sh; then
+  echo "0 passed, 1 failed"
+  exit 1
+fi
+exec /usr/bin/python3 tests/run_rings.py "${rings[@]}"

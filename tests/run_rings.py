@@ -1,0 +1,104 @@
+"""Runs the suites of the rings named and prints one closing line for all of them.
+
+A suite is a function that gives (passed, failed, skipped). What it has to say goes to the terminal as it runs.
+"""
+
+import json
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+OUT = ROOT / "out"
+CLOSING_LINE = re.compile(r"^\w+: (\d+) passed, (\d+) failed, (\d+) skipped$", re.MULTILINE)
+
+
+def build(preset, target):
+    """True when it could be built."""
+    configured = subprocess.run(["cmake", "--preset", preset], cwd=ROOT, stdout=subprocess.DEVNULL)
+    return configured.returncode == 0 and (
+        subprocess.run(["cmake", "--build", "--preset", preset, "--target", target], cwd=ROOT).returncode == 0
+    )
+
+
+def google_tests():
+    """The native tests under the sanitizers."""
+    if not build("sanitized", "all"):
+        return 0, 1, 0
+    counts = [0, 0, 0]
+    for program in sorted((OUT / "sanitized" / "tests").glob("**/*_tests")):
+        report = program.with_suffix(".json")
+        report.unlink(missing_ok=True)
+        subprocess.run([program, "--gtest_brief=1", "--gtest_output=json:%s" % report], cwd=ROOT)
+        if not report.exists():
+            print("%s ended without a report" % program.name)
+            counts[1] += 1
+            continue
+        result = json.loads(report.read_text())
+        failed = result["failures"] + result["errors"]
+        skipped = sum(
+            test["result"] == "SKIPPED" for suite in result["testsuites"] for test in suite["testsuite"]
+        )
+        counts[0] += result["tests"] - failed - skipped
+        counts[1] += failed
+        counts[2] += skipped
+    return tuple(counts)
+
+
+def python_tests(folder):
+    """The unittest modules of a folder, in a process of their own."""
+
+    def run():
+        sys.path.insert(0, str(ROOT / folder))
+        suite = unittest.defaultTestLoader.discover(str(ROOT / folder))
+        result = unittest.TextTestRunner(stream=sys.stdout, verbosity=1).run(suite)
+        sys.path.pop(0)
+        failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
+        return result.testsRun - failed - len(result.skipped), failed, len(result.skipped)
+
+    return run
+
+
+def runner(script):
+    """A ring's own script, which closes with a line of counts."""
+
+    def run():
+        ended = subprocess.Popen(["bash", script], cwd=ROOT, stdout=subprocess.PIPE, text=True)
+        counts = None
+        for line in ended.stdout:
+            sys.stdout.write(line)
+            sys.stdout.flush()
+            counts = CLOSING_LINE.match(line) or counts
+        code = ended.wait()
+        if counts is None:
+            print("%s ended with code %d and no closing line" % (script, code))
+            return 0, 1, 0
+        passed, failed, skipped = map(int, counts.groups())
+        return passed, failed if code == 0 or failed else 1, skipped
+
+    return run
+
+
+SUITES = {
+    "native": [google_tests, python_tests("tests/languages"), python_tests("tests/lint")],
+    "desktop": [runner("tests/desktop/run.sh")],
+    "interop": [runner("tests/interop/run.sh")],
+}
+
+
+def main(rings):
+    totals = [0, 0, 0]
+    for ring in rings:
+        print("== %s" % ring, flush=True)
+        for suite in SUITES[ring]:
+            totals = [total + count for total, count in zip(totals, suite())]
+            sys.stdout.flush()
+    passed, failed, skipped = totals
+    print("%d passed, %d failed" % (passed, failed) + (", %d skipped" % skipped if skipped else ""))
+    return 0 if failed == 0 and passed > 0 else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
