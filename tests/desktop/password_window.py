@@ -1,0 +1,81 @@
+"""The password window of Moorlink.exe as a person uses it: filled in by keys, clicked by mouse, read from outside."""
+
+from desktop import OUT
+from waiting import wait_until
+
+PROGRAM = OUT / "program" / "Moorlink.exe"
+STAND_INS = {name: OUT / "stand_ins" / name for name in ("netapi32.dll", "netmsg.dll")}
+SETTINGS = "HKCU\\Software\\Orvane\\Kestrelmoor"
+
+USER_LABEL, USER, STATUS, SAME, OLD_LABEL, OLD, TARGETS = range(100, 107)
+NEW_LABEL, NEW, CONFIRM_LABEL, CONFIRM, WAIT, SETTINGS_BUTTON, OK, CANCEL = range(107, 115)
+
+REG_MULTI_SZ = 7
+
+TITLE = "Change Password"
+TITLE_DURING = "Changing Password"
+TITLE_AFTER = "Password Change Results"
+PATIENCE = 30.0
+"""Seconds that a change on a real server may take."""
+
+
+def targets(names):
+    """The registry entries that make these names the active targets."""
+    bits = bytearray((len(names) - 1) // 8 + 1)
+    for index in range(len(names)):
+        bits[index // 8] |= 1 << index % 8
+    list_of_names = "".join(name + "\0" for name in [*names, ""]).encode("utf-16-le")
+    return {SETTINGS: {"Servers": (REG_MULTI_SZ, list_of_names), "Active": bytes(bits)}}
+
+
+class PasswordWindow:
+    def __init__(self, desktop, arguments=(), program=PROGRAM):
+        self.desktop = desktop
+        self.process = desktop.start(program, ["/f", *arguments])
+        self.window = desktop.wait_window(class_name="frmPass", pid=self.process.pid)
+
+    def control(self, identifier):
+        return self.desktop.child(self.window, identifier)
+
+    def text(self, identifier):
+        return self.desktop.text(self.control(identifier))
+
+    def title(self):
+        return self.desktop.window(self.window).title
+
+    def enabled(self, identifier):
+        return self.control(identifier).enabled
+
+    def fill(self, old, new, confirm=None):
+        """Types into the three boxes, each clicked first, and waits until every character has arrived."""
+        for identifier, words in ((OLD, old), (NEW, new), (CONFIRM, new if confirm is None else confirm)):
+            self.desktop.click(self.control(identifier))
+            self.desktop.wait_focus(self.window, identifier)
+            self.desktop.type(words)
+            self.wait_length(identifier, len(words.encode("utf-16-le")) // 2)
+
+    def wait_length(self, identifier, length):
+        # WM_GETTEXTLENGTH: a box with a mask gives its text to nobody else, but its length.
+        box = self.control(identifier)
+        wait_until(lambda: self.desktop.send(box, 0x000E) == length, "%d characters in box %d" % (length, identifier))
+
+    def click(self, identifier):
+        self.desktop.click(self.control(identifier))
+
+    def change(self, old, new):
+        """Fills in, presses OK and waits for the end of the run. Returns the paragraphs."""
+        self.fill(old, new)
+        self.click(OK)
+        return self.wait_results()
+
+    def wait_results(self):
+        wait_until(lambda: self.title() == TITLE_AFTER, "the results", PATIENCE)
+        return self.paragraphs()
+
+    def paragraphs(self):
+        return self.text(STATUS).split("\r\n\r\n")
+
+    def close(self):
+        """By the button, and waits for the end of the program."""
+        self.click(CANCEL)
+        return self.process.wait_exit()
