@@ -22,6 +22,6 @@ endif()
 if(WIN32)
   # UNICODE names throughout; nothing newer than the oldest system's structures.
   target_compile_definitions(house_rules INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
-  target_compile_options(house_rules INTERFACE -ffunction-sections -fdata-sections)
+  target_compile_options(house_rules INTERFACE -ffunction-sections -fdata-sections -g1)
   target_link_options(house_rules INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
 endif()

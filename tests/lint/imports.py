@@ -48,16 +48,17 @@ def imports(program):
 
 
 def headers(image):
-    """(version of the subsystem, [(name, characteristics) of each section])"""
+    """(time of the build, version of the subsystem, [(name, characteristics) of each section])"""
     start, = struct.unpack_from("<I", image, 0x3C)
     count, = struct.unpack_from("<H", image, start + 6)
+    time, = struct.unpack_from("<I", image, start + 8)
     optional_size, = struct.unpack_from("<H", image, start + 20)
     optional = start + 24
     sections = []
     for place in range(optional + optional_size, optional + optional_size + 40 * count, 40):
         name = image[place:place + 8].rstrip(b"\0").decode("ascii")
         sections.append((name, *struct.unpack_from("<I", image, place + 36)))
-    return struct.unpack_from("<HH", image, optional + 48), sections
+    return time, struct.unpack_from("<HH", image, optional + 48), sections
 
 
 def faults(program):
@@ -73,7 +74,9 @@ def faults(program):
     image = program.read_bytes()
     if len(image) > LONGEST:
         yield "has %d bytes, more than %d" % (len(image), LONGEST)
-    subsystem, sections = headers(image)
+    time, subsystem, sections = headers(image)
+    if time != 0:
+        yield "bears the time of its build, so that no two builds are the same"
     if subsystem != OLDEST_SUBSYSTEM:
         yield "asks for version %d.%d of the system" % subsystem
     for name, characteristics in sections:

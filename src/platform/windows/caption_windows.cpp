@@ -1,0 +1,108 @@
+#include "platform/windows/caption_windows.h"
+
+#include "platform/windows/colours.h"
+#include "platform/windows/pixels.h"
+#include "runtime/forms/form.h"
+
+namespace kestrelmoor::platform {
+
+namespace {
+
+DWORD TypeOf(const CommandButton& button) {
+    return button.LooksDefault() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+}
+
+bool IsBox(const Control& control) {
+    switch (control.Kind()) {
+    case ControlKind::TextBox:
+    case ControlKind::ListBox:
+    case ControlKind::ComboBox:
+    case ControlKind::CommandButton:
+    case ControlKind::CheckBox:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void EndAt(const RECT& box, RECT& label) {
+    RECT shared{};
+    if (::IntersectRect(&shared, &box, &label) && box.left > label.left)
+        label.right = box.left;
+}
+
+bool IsOfChildren(UINT message) {
+    return message == WM_COMMAND || message == WM_NOTIFY || message == WM_DRAWITEM ||
+           message == WM_MEASUREITEM || message == WM_COMPAREITEM || message == WM_DELETEITEM ||
+           message == WM_VKEYTOITEM || message == WM_CHARTOITEM ||
+           (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
+}
+
+} // namespace
+
+LabelWindow::LabelWindow(FormWindow& form, Label& label)
+    : ControlWindow(form, label, {L"STATIC", SS_NOTIFY}) {
+    LabelWindow::ShowPlace();
+}
+
+void LabelWindow::ShowPlace() {
+    RECT place = PixelPlace(Model());
+    for (const auto& other : Model().Parent().Controls())
+        if (IsBox(*other) && other->Visible() && other->Container() == Model().Container())
+            EndAt(PixelPlace(*other), place);
+    PutAt(place);
+}
+
+HBRUSH LabelWindow::Colours(HDC context, UINT question) const {
+    const HBRUSH own = ControlWindow::Colours(context, question);
+    if (!static_cast<const Label&>(Model()).Transparent())
+        return own;
+    ::SetBkMode(context, TRANSPARENT);
+    return BrushOf(Model().Parent().BackColor());
+}
+
+ButtonWindow::ButtonWindow(FormWindow& form, CommandButton& button)
+    : ControlWindow(form, button, {L"BUTTON", WS_TABSTOP | TypeOf(button)}) {}
+
+void ButtonWindow::Show(Property what) {
+    if (what == Property::Default)
+        Send(BM_SETSTYLE, TypeOf(static_cast<CommandButton&>(Model())), TRUE);
+    else
+        ControlWindow::Show(what);
+}
+
+void ButtonWindow::Notified(int) {
+    static_cast<CommandButton&>(Model()).Pressed();
+}
+
+CheckWindow::CheckWindow(FormWindow& form, CheckBox& box)
+    : ControlWindow(form, box, {L"BUTTON", WS_TABSTOP | BS_CHECKBOX}) {
+    CheckWindow::Show(Property::Value);
+}
+
+void CheckWindow::Show(Property what) {
+    if (what == Property::Value)
+        Send(BM_SETCHECK, static_cast<CheckBox&>(Model()).Value() ? BST_CHECKED : BST_UNCHECKED);
+    else
+        ControlWindow::Show(what);
+}
+
+void CheckWindow::Notified(int) {
+    static_cast<CheckBox&>(Model()).Pressed();
+}
+
+FrameWindow::FrameWindow(FormWindow& form, Control& frame)
+    : ControlWindow(form, frame, {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {}
+
+LRESULT FrameWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
+    if (IsOfChildren(message) && parameter != 0)
+        return ::SendMessageW(::GetParent(Handle()), message, wide, parameter);
+    if (message != WM_ERASEBKGND)
+        return ControlWindow::Process(message, wide, parameter);
+    RECT client{};
+    ::GetClientRect(Handle(), &client);
+    ::FillRect(reinterpret_cast<HDC>(wide), &client, BrushOf(Model().BackColor()));
+    return TRUE;
+}
+
+} // namespace kestrelmoor::platform

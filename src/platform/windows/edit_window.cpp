@@ -1,0 +1,126 @@
+#include "platform/windows/edit_window.h"
+
+#include "platform/windows/bound_library.h"
+#include "platform/windows/wide_text.h"
+
+#include <imm.h>
+
+namespace kestrelmoor::platform {
+
+namespace {
+
+/// Lifts the limit to the most that an edit window takes.
+constexpr WPARAM kNoLimit = 0;
+
+DWORD EditStyle(const TextBox& box) {
+    const DWORD lines = box.MultiLine() ? ES_MULTILINE | ES_AUTOVSCROLL : ES_AUTOHSCROLL;
+    const DWORD mask = box.PasswordChar().empty() || box.MultiLine() ? 0 : ES_PASSWORD;
+    const DWORD bar = box.ScrollBars() == ScrollBars::Vertical ? WS_VSCROLL : 0;
+    const DWORD locked = box.Locked() ? ES_READONLY : 0;
+    return WS_TABSTOP | lines | mask | bar | locked;
+}
+
+DWORD BorderOf(const TextBox& box) {
+    return box.BorderStyle() == 0 ? 0 : WS_EX_CLIENTEDGE;
+}
+
+} // namespace
+
+EditWindow::EditWindow(FormWindow& form, TextBox& box)
+    : ControlWindow(form, box, {L"EDIT", EditStyle(box), BorderOf(box)}) {
+    const Quiet quiet(*this);
+    Send(EM_LIMITTEXT, kNoLimit);
+    ShowMask();
+    ShowText();
+    ShowSelection();
+    if (box.ImeOff())
+        TurnInputMethodOff();
+}
+
+void EditWindow::Show(Property what) {
+    const Quiet quiet(*this);
+    switch (what) {
+    case Property::Text:
+        return ShowText();
+    case Property::Selection:
+        return ShowSelection();
+    case Property::PasswordChar:
+        return ShowMask();
+    case Property::BorderStyle:
+        return ShowBorder();
+    case Property::Locked:
+        Send(EM_SETREADONLY, Box().Locked());
+        return;
+    default:
+        return ControlWindow::Show(what);
+    }
+}
+
+void EditWindow::ShowText() {
+    ::SetWindowTextW(Handle(), Wide(Box().Text()));
+}
+
+void EditWindow::ShowSelection() const {
+    const int start = Box().SelStart();
+    Send(EM_SETSEL, static_cast<WPARAM>(start), start + Box().SelLength());
+    Send(EM_SCROLLCARET);
+}
+
+void EditWindow::ShowMask() const {
+    Send(EM_SETPASSWORDCHAR, Box().PasswordChar().empty() ? 0 : Box().PasswordChar().front());
+    Repaint();
+}
+
+void EditWindow::ShowBorder() const {
+    const auto others =
+        static_cast<DWORD>(::GetWindowLongW(Handle(), GWL_EXSTYLE)) & ~DWORD{WS_EX_CLIENTEDGE};
+    ::SetWindowLongW(Handle(), GWL_EXSTYLE, static_cast<LONG>(others | BorderOf(Box())));
+    ::SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+// Not every system has input methods.
+void EditWindow::TurnInputMethodOff() const {
+    static BoundLibrary imm32{L"imm32.dll"};
+    static BoundEntry<decltype(::ImmAssociateContext)> associate{imm32, "ImmAssociateContext"};
+    if (auto* const ImmAssociateContext = associate.Find())
+        ImmAssociateContext(Handle(), nullptr);
+}
+
+// While the model shows its own selection the window's is not asked for.
+bool EditWindow::ReadSelection(int& start, int& length) {
+    if (IsQuiet())
+        return false;
+    DWORD from = 0;
+    DWORD to = 0;
+    Send(EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    start = static_cast<int>(from);
+    length = static_cast<int>(to - from);
+    return true;
+}
+
+void EditWindow::ReplaceSelection(StringView text) {
+    const Quiet quiet(*this);
+    SendText(EM_REPLACESEL, FALSE, String(text));
+    Send(EM_SCROLLCARET);
+}
+
+String EditWindow::WindowText() const {
+    String text(static_cast<std::size_t>(::GetWindowTextLengthW(Handle())), u'\0');
+    const int length = ::GetWindowTextW(Handle(), WideBuffer(text), static_cast<int>(text.size()) + 1);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void EditWindow::Notified(int) {
+    Box().Edited(WindowText());
+}
+
+// The question for a static control comes from a box that can't be typed in. A disabled one keeps the
+// system's grey; a locked one is there to be read.
+HBRUSH EditWindow::Colours(HDC context, UINT question) const {
+    const bool greyed = question == WM_CTLCOLORSTATIC && !::IsWindowEnabled(Handle());
+    return greyed ? nullptr : ControlWindow::Colours(context, question);
+}
+
+} // namespace kestrelmoor::platform

@@ -1,0 +1,48 @@
+#include "platform/windows/fonts.h"
+
+#include "platform/windows/gui_handles.h"
+#include "platform/windows/pixels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <tuple>
+
+namespace kestrelmoor::platform {
+
+namespace {
+
+using FontKey = std::tuple<String, int, int, bool, bool, bool>;
+
+constexpr float kPointsPerInch = 72;
+
+int PixelHeight(const Font& font) {
+    return static_cast<int>(
+        std::lround(font.Size() * static_cast<float>(DisplayResolution().y) / kPointsPerInch));
+}
+
+OwnedFont MakeFont(const Font& font) {
+    LOGFONTW wanted{};
+    wanted.lfHeight = -PixelHeight(font);
+    wanted.lfWeight = font.Bold() ? FW_BOLD : FW_NORMAL;
+    wanted.lfItalic = font.Italic();
+    wanted.lfUnderline = font.Underline();
+    wanted.lfCharSet = static_cast<BYTE>(font.Charset());
+    const std::size_t length = std::min<std::size_t>(font.Name().size(), LF_FACESIZE - 1);
+    std::copy_n(font.Name().begin(), length, wanted.lfFaceName);
+    return OwnedFont(::CreateFontIndirectW(&wanted));
+}
+
+} // namespace
+
+HFONT SystemFont(const Font& font) {
+    static std::map<FontKey, OwnedFont> fonts;
+    const FontKey key{font.Name(), font.Charset(), PixelHeight(font),
+                      font.Bold(), font.Italic(),  font.Underline()};
+    OwnedFont& held = fonts[key];
+    if (!held)
+        held = MakeFont(font);
+    return held.Get();
+}
+
+} // namespace kestrelmoor::platform

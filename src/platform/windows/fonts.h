@@ -1,0 +1,13 @@
+#pragma once
+
+#include "runtime/forms/font.h"
+
+#include <windows.h>
+
+namespace kestrelmoor::platform {
+
+/// The system's font for one of the model's, at the display's resolution. Equal fonts share one handle, which
+/// lives as long as the process.
+HFONT SystemFont(const Font& font);
+
+} // namespace kestrelmoor::platform

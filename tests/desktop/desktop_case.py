@@ -1,0 +1,31 @@
+"""The frame of a test on the desktop: one desktop for all tests of a class, a picture of each failure."""
+
+import unittest
+
+from desktop import OUT, Desktop
+
+PICTURES = OUT / "desktop"
+
+
+class DesktopCase(unittest.TestCase):
+    """`self.desktop` is ready; the programs that a test starts are ended after it."""
+
+    options = {}
+    """What the class's Desktop is made with."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(Desktop(**cls.options))
+
+    def tearDown(self):
+        if self._failed():
+            self.desktop.picture(PICTURES / ("failed-%s.png" % self.id()))
+        self.desktop.end_programs()
+
+    def _failed(self):
+        result = self._outcome.result
+        return any(getattr(test, "test_case", test) is self for test, _ in result.failures + result.errors)
+
+    def picture(self, name, window=None):
+        """Leaves out/desktop/<name>.png."""
+        self.desktop.picture(PICTURES / (name + ".png"), window)

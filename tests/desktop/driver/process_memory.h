@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <vector>
+
+namespace kestrelmoor::driver {
+
+/// A process that is read and made to call functions from outside. Everything throws std::runtime_error when
+/// the process can't be reached.
+class OpenedProcess {
+  public:
+    /// The process that owns a window.
+    explicit OpenedProcess(HWND window);
+    ~OpenedProcess();
+    OpenedProcess(const OpenedProcess&) = delete;
+    OpenedProcess& operator=(const OpenedProcess&) = delete;
+
+    /// Calls a function of a library that the process has loaded, on a thread of its own, with up to four
+    /// arguments, and gives its result. This process must have loaded the same library.
+    DWORD Call(const wchar_t* module, const char* function, const std::vector<DWORD>& arguments) const;
+
+    /// As Call, with the address of a block of `block.size()` bytes as one more argument at the end; what the
+    /// block holds after the call comes back in `block`.
+    DWORD CallWithBlock(const wchar_t* module, const char* function, std::vector<DWORD> arguments,
+                        std::span<unsigned char> block) const;
+
+  private:
+    HANDLE mProcess;
+};
+
+/// How many GDI objects a process holds, counted in its own handle table: not every platform keeps account.
+long long CountGdiObjects(HANDLE process);
+
+/// How many kernel handles a process holds, counted in the system's table for the same reason.
+long long CountKernelHandles(DWORD process);
+
+} // namespace kestrelmoor::driver
