@@ -147,7 +147,7 @@ class RowControl : public Control {
     std::size_t Position(int row) const;
     int PlaceFor(StringView text) const;
 
-    std::vector<Row> mRows;
+    std::vector<std::unique_ptr<Row>> mRows; ///< one word to move per row when others come ahead of it
     int mListIndex = -1;
     int mNewIndex = -1;
     bool mSorted;

@@ -1,0 +1,115 @@
+#include "runtime/forms/application.h"
+
+#include <utility>
+
+namespace kestrelmoor {
+
+void Form::Load() {
+    if (mState != State::Made)
+        return;
+    const std::shared_ptr<Form> alive = weak_from_this().lock();
+    mState = State::Loaded;
+    Application::Current().mForms.push_back(shared_from_this());
+    try {
+        MakePeers();
+        Form_Load();
+    } catch (...) {
+        if (IsLoaded())
+            Disappear();
+        throw;
+    }
+}
+
+void Form::MakePeers() {
+    Desktop* const desktop = Application::Current().CurrentDesktop();
+    if (desktop == nullptr)
+        return;
+    mPeer = desktop->MakeFormPeer(*this);
+    if (!mPeer)
+        return;
+    for (const auto& control : mControls)
+        control->SetPeer(mPeer->MakeControlPeer(*control));
+}
+
+void Form::Show(bool modal, Form* owner) {
+    if (owner != nullptr)
+        mOwner = owner->weak_from_this();
+    Load();
+    if (!IsLoaded())
+        return;
+    const std::shared_ptr<Form> alive = weak_from_this().lock();
+    if (modal && !mModal)
+        HoldOffOthers();
+    Appear();
+    if (modal)
+        Application::Current().RunModal(*this);
+}
+
+void Form::Appear() {
+    if (!mVisible) {
+        mVisible = true;
+        Application::Current().SetActiveForm(this);
+        ShowProperty(Property::Visible);
+    }
+    if (mActiveControl == nullptr)
+        ChangeFocus(NextStop(nullptr, false), true);
+}
+
+void Form::Unload() {
+    if (!IsLoaded() || mUnloading)
+        return;
+    struct Unloading {
+        explicit Unloading(bool& flag) : mFlag(flag) { mFlag = true; }
+        ~Unloading() { mFlag = false; }
+        bool& mFlag;
+    };
+    const std::shared_ptr<Form> alive = weak_from_this().lock();
+    const Unloading unloading(mUnloading);
+    Form_Unload();
+    Disappear();
+}
+
+void Form::Disappear() {
+    Application& application = Application::Current();
+    mState = State::Unloaded;
+    mActiveControl = nullptr;
+    LetOthersOn();
+    mVisible = false;
+    ShowProperty(Property::Visible);
+    EndPeers();
+    std::erase_if(application.mForms, [this](const auto& form) { return form.get() == this; });
+    if (application.ActiveForm() == this)
+        application.ActivateSuccessor(*this);
+}
+
+void Form::EndPeers() {
+    for (auto control = mControls.rbegin(); control != mControls.rend(); ++control)
+        (*control)->SetPeer(nullptr);
+    mPeer.reset();
+}
+
+void Form::HoldOffOthers() {
+    mModal = true;
+    for (const auto& form : Application::Current().Forms()) {
+        if (form.get() == this)
+            continue;
+        mHeldOff.push_back(form);
+        form->SetModalInFront(form->mModalInFront + 1);
+    }
+}
+
+void Form::LetOthersOn() {
+    mModal = false;
+    for (const auto& held : std::exchange(mHeldOff, {}))
+        if (const auto form = held.lock())
+            form->SetModalInFront(form->mModalInFront - 1);
+}
+
+void Form::SetModalInFront(int count) {
+    const bool before = InputEnabled();
+    mModalInFront = count;
+    if (before != InputEnabled())
+        ShowProperty(Property::Enabled);
+}
+
+} // namespace kestrelmoor

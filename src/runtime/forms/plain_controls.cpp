@@ -1,0 +1,33 @@
+#include "runtime/errors.h"
+#include "runtime/forms/form.h"
+
+namespace kestrelmoor {
+
+Label::Label(Form& form, const ControlDesign& design)
+    : Control(form, design), mLinkTimeout(design.link_timeout), mAutoSize(design.auto_size),
+      mTransparent(design.transparent) {}
+
+Timer::Timer(Form& form, const ControlDesign& design) : Control(form, design), mInterval(design.interval) {}
+
+void Timer::SetInterval(int milliseconds) {
+    if (milliseconds < 0)
+        RaiseError(error_number::kInvalidPropertyValue);
+    mInterval = milliseconds;
+    Show(Property::Interval);
+}
+
+void Timer::SetEnabled(bool on) {
+    Control::SetEnabled(on);
+    Show(Property::Interval);
+}
+
+void Timer::Elapsed() {
+    if (Running())
+        Raise(Tick);
+}
+
+void PictureBox::PaintRequested() {
+    Raise(Paint);
+}
+
+} // namespace kestrelmoor

@@ -1,0 +1,113 @@
+#include "runtime/errors.h"
+#include "runtime/forms/application.h"
+
+#include <algorithm>
+
+namespace kestrelmoor {
+
+RowControl::RowControl(Form& form, const ControlDesign& design)
+    : Control(form, design), mSorted(design.sorted) {}
+
+const String& RowControl::List(int row) const {
+    return At(row).text;
+}
+
+void RowControl::SetList(int row, const String& text) {
+    At(row).text = text;
+    if (Peer() != nullptr)
+        Peer()->RowReplaced(row);
+}
+
+std::int32_t RowControl::ItemData(int row) const {
+    return At(row).data;
+}
+
+void RowControl::SetItemData(int row, std::int32_t data) {
+    At(row).data = data;
+}
+
+void RowControl::SetListIndex(int row) {
+    if (row < -1 || row >= ListCount())
+        RaiseError(error_number::kInvalidPropertyValue);
+    if (mListIndex == row)
+        return;
+    mListIndex = row;
+    Show(Property::ListIndex);
+    Raise(Click);
+}
+
+void RowControl::AddItem(const String& text, int row) {
+    if (row < -1 || row > ListCount())
+        RaiseError(error_number::kInvalidArgument);
+    const int place = row >= 0 ? row : PlaceFor(text);
+    mRows.insert(mRows.begin() + place, std::make_unique<Row>(Row{.text = text}));
+    mNewIndex = place;
+    if (mListIndex >= place)
+        ++mListIndex;
+    if (Peer() != nullptr)
+        Peer()->RowInserted(place);
+}
+
+void RowControl::RemoveItem(int row) {
+    if (!HasRow(row))
+        RaiseError(error_number::kInvalidArgument);
+    mRows.erase(mRows.begin() + row);
+    mNewIndex = -1;
+    if (mListIndex == row)
+        mListIndex = -1;
+    else if (mListIndex > row)
+        --mListIndex;
+    if (Peer() != nullptr)
+        Peer()->RowRemoved(row);
+}
+
+void RowControl::Clear() {
+    mRows.clear();
+    mListIndex = -1;
+    mNewIndex = -1;
+    if (Peer() != nullptr)
+        Peer()->RowsCleared();
+}
+
+void RowControl::RowPressed(int row) {
+    if (IsUsable() && HasRow(row))
+        mListIndex = row;
+}
+
+void RowControl::RowChosen(int row) {
+    if (!IsUsable() || !HasRow(row))
+        return;
+    mListIndex = row;
+    Raise(Click);
+}
+
+bool RowControl::HasRow(int row) const {
+    return row >= 0 && row < ListCount();
+}
+
+RowControl::Row& RowControl::At(int row) {
+    return *mRows[Position(row)];
+}
+
+const RowControl::Row& RowControl::At(int row) const {
+    return *mRows[Position(row)];
+}
+
+std::size_t RowControl::Position(int row) const {
+    if (!HasRow(row))
+        RaiseError(error_number::kInvalidPropertyIndex);
+    return static_cast<std::size_t>(row);
+}
+
+int RowControl::PlaceFor(StringView text) const {
+    if (!mSorted)
+        return ListCount();
+    const Application& application = Application::Current();
+    const auto place = std::upper_bound(mRows.begin(), mRows.end(), text,
+                                        [&application](StringView added, const std::unique_ptr<Row>& row) {
+                                            return application.CompareRows(added, row->text) < 0;
+                                        });
+    return static_cast<int>(place - mRows.begin());
+}
+
+} // namespace kestrelmoor
