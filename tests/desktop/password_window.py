@@ -29,9 +29,11 @@ def targets(names):
 
 
 class PasswordWindow:
-    def __init__(self, desktop, arguments=(), program=PROGRAM):
+    """An open window; `process` is given where the program runs already."""
+
+    def __init__(self, desktop, arguments=(), program=PROGRAM, variables=None, process=None):
         self.desktop = desktop
-        self.process = desktop.start(program, ["/f", *arguments])
+        self.process = process or desktop.start(program, ["/f", *arguments], variables=variables)
         self.window = desktop.wait_window(class_name="frmPass", pid=self.process.pid)
 
     def control(self, identifier):
@@ -54,10 +56,16 @@ class PasswordWindow:
             self.desktop.type(words)
             self.wait_length(identifier, len(words.encode("utf-16-le")) // 2)
 
+    def length(self, identifier):
+        """In UTF-16 units. A box with a mask gives its text to nobody else, but its length (WM_GETTEXTLENGTH)."""
+        return self.desktop.send(self.control(identifier), 0x000E)
+
     def wait_length(self, identifier, length):
-        # WM_GETTEXTLENGTH: a box with a mask gives its text to nobody else, but its length.
-        box = self.control(identifier)
-        wait_until(lambda: self.desktop.send(box, 0x000E) == length, "%d characters in box %d" % (length, identifier))
+        wait_until(lambda: self.length(identifier) == length, "%d characters in box %d" % (length, identifier))
+
+    def rows(self):
+        """The targets, without their masks."""
+        return [row.text.split("\t")[0] for row in self.desktop.rows(self.control(TARGETS))]
 
     def click(self, identifier):
         self.desktop.click(self.control(identifier))

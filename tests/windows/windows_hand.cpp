@@ -14,6 +14,9 @@ namespace {
 // How long nothing must come before all that an input led to counts as done.
 constexpr DWORD kQuietMilliseconds = 15;
 
+// Timers run on for ever, the caret's and the ones that watch the pointer.
+constexpr DWORD kMessages = QS_ALLINPUT & ~DWORD{QS_TIMER};
+
 HWND WindowOf(const Control& control) {
     return control.Peer() ? reinterpret_cast<HWND>(control.Peer()->Window()) : nullptr;
 }
@@ -67,15 +70,6 @@ INPUT CharacterInput(char16_t character, bool up) {
     return input;
 }
 
-INPUT MouseInput(DWORD flags, LONG x = 0, LONG y = 0) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = x;
-    input.mi.dy = y;
-    input.mi.dwFlags = flags;
-    return input;
-}
-
 void Send(std::vector<INPUT> inputs) {
     ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
@@ -83,7 +77,7 @@ void Send(std::vector<INPUT> inputs) {
 void PumpUntilQuiet() {
     do
         platform::TheDesktop().PumpEvents();
-    while (::MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuietMilliseconds, QS_ALLINPUT) == WAIT_OBJECT_0);
+    while (::MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuietMilliseconds, kMessages) == WAIT_OBJECT_0);
 }
 
 bool HasKey(char16_t character) {
@@ -95,17 +89,24 @@ int KeyOf(char16_t character) {
     return character >= u'a' && character <= u'z' ? character - u'a' + u'A' : character;
 }
 
-void ClickAt(POINT place) {
+// Each part of a click says its place: where the pointer stands may be told late.
+INPUT MouseInput(DWORD flags, POINT place) {
     constexpr LONG kWholeScreen = 65536;
     const LONG width = ::GetSystemMetrics(SM_CXSCREEN);
     const LONG height = ::GetSystemMetrics(SM_CYSCREEN);
-    Send({MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * kWholeScreen + width / 2) / width,
-                     (place.y * kWholeScreen + height / 2) / height)});
-    PumpUntilQuiet();
-    Send({MouseInput(MOUSEEVENTF_LEFTDOWN)});
-    PumpUntilQuiet();
-    Send({MouseInput(MOUSEEVENTF_LEFTUP)});
-    PumpUntilQuiet();
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = (place.x * kWholeScreen + width / 2) / width;
+    input.mi.dy = (place.y * kWholeScreen + height / 2) / height;
+    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    return input;
+}
+
+void ClickAt(POINT place) {
+    for (const DWORD part : {0UL, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
+        Send({MouseInput(part, place)});
+        PumpUntilQuiet();
+    }
 }
 
 POINT MiddleOf(const RECT& place) {
