@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Changes a password on the practice network through the real window. With a display the window is yours to
+# use; without one it is driven, and its pictures are left in out/demo/.
+set -eu
+cd "$(dirname "$0")"
+
+./build.sh
+tools/install_packages.sh debootstrap xvfb xdotool imagemagick util-linux || true
+exec /usr/bin/python3 tools/demo.py
