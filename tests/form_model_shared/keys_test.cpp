@@ -94,7 +94,8 @@ TEST_F(FormKeys, ArrowsGoThroughButtonsAndCheckBoxes) {
 
 TEST_F(FormKeys, TheFormSeesAKeyAheadOfItsControlAndMaySwallowIt) {
     form->txtFirst.KeyDown = [this](int& key_code, int) {
-        form->Note("txtFirst " + std::to_string(key_code));
+        if (key_code == key::kF1)
+            form->Note("txtFirst " + std::to_string(key_code));
     };
     hand->Press(key::kF1, key::kShiftMask);
     EXPECT_EQ(Seen(), (Events{"KeyDown F1, shift 1"}));
@@ -106,6 +107,7 @@ TEST_F(FormKeys, TheFormSeesAKeyAheadOfItsControlAndMaySwallowIt) {
 TEST_F(FormKeys, AControlThatSwallowsAKeyKeepsItFromItsWindow) {
     form->lstRows.AddItem(u"one");
     form->lstRows.AddItem(u"two");
+    form->lstRows.SetListIndex(0);
     StartFrom(form->lstRows);
     form->lstRows.KeyDown = [](int& key_code, int) { key_code = key_code == key::kDown ? 0 : key_code; };
     hand->Press(key::kDown);

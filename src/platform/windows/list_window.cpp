@@ -1,11 +1,13 @@
 #include "platform/windows/row_windows.h"
 
+#include <utility>
+
 namespace kestrelmoor::platform {
 
 namespace {
 
-/// Posted to a list that a call of the model may have scrolled.
-constexpr UINT kScrollingPossible = WM_APP;
+/// Posted to a list that a call of the model has changed or scrolled.
+constexpr UINT kModelDone = WM_APP;
 
 constexpr RowMessages kListMessages{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT,
                                     LB_SETCURSEL,    LB_GETCURSEL,    LBN_SELCHANGE};
@@ -34,7 +36,7 @@ bool MayScroll(UINT message) {
     case LB_INSERTSTRING:
     case LB_DELETESTRING:
     case LB_RESETCONTENT:
-    case kScrollingPossible:
+    case kModelDone:
         return true;
     default:
         return false;
@@ -56,13 +58,41 @@ void ListWindow::Show(Property what) {
         RowWindow::Show(what);
 }
 
-// Without the rest of the rows the window shows other ones for a moment; what stood on top is put back.
+void ListWindow::RowInserted(int row) {
+    HoldDrawing();
+    RowWindow::RowInserted(row);
+}
+
+void ListWindow::RowRemoved(int row) {
+    HoldDrawing();
+    RowWindow::RowRemoved(row);
+}
+
+// While its row is out the window may show other rows; what stood on top is put back.
 void ListWindow::RowReplaced(int row) {
     const Quiet quiet(*this);
+    HoldDrawing();
     const int top = TopRow();
-    Send(WM_SETREDRAW, FALSE);
     RowWindow::RowReplaced(row);
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
+}
+
+void ListWindow::RowsCleared() {
+    HoldDrawing();
+    RowWindow::RowsCleared();
+}
+
+// Drawing anew at each of many rows takes far longer than the rows; nothing is seen before the next message.
+void ListWindow::HoldDrawing() {
+    if (std::exchange(mDrawingHeld, true))
+        return;
+    Send(WM_SETREDRAW, FALSE);
+    ::PostMessageW(Handle(), kModelDone, 0, 0);
+}
+
+void ListWindow::DrawAgain() {
+    if (!std::exchange(mDrawingHeld, false))
+        return;
     Send(WM_SETREDRAW, TRUE);
     Repaint();
 }
@@ -80,13 +110,15 @@ void ListWindow::ShowTabStops() const {
 
 LRESULT ListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     const HWND window = Handle();
+    if (message == kModelDone)
+        DrawAgain();
     const LRESULT result = RowWindow::Process(message, wide, parameter);
     if (IsPress(message) && ControlWindow::Of(window) == this)
         List().RowPressed(static_cast<int>(Send(LB_GETCURSEL)));
     if (!MayScroll(message) || ControlWindow::Of(window) != this || TopRow() == List().TopIndex())
         return result;
     if (IsQuiet())
-        ::PostMessageW(window, kScrollingPossible, 0, 0);
+        ::PostMessageW(window, kModelDone, 0, 0);
     else
         List().Scrolled(TopRow());
     return result;

@@ -5,7 +5,7 @@ set(resources ${CMAKE_SOURCE_DIR}/resources)
 add_library(moorlink_resources OBJECT ${resources}/Moorlink.rc)
 target_include_directories(moorlink_resources PRIVATE ${resources})
 set_source_files_properties(${resources}/Moorlink.rc PROPERTIES
-  OBJECT_DEPENDS ${resources}/Moorlink.manifest)
+  OBJECT_DEPENDS "${resources}/Moorlink.manifest;${resources}/Moorlink.ico")
 
 add_executable(Moorlink WIN32 entry.cpp)
 target_link_libraries(Moorlink PRIVATE kestrelmoor_logic moorlink_resources)

@@ -43,7 +43,10 @@ class ListWindow : public RowWindow {
     ListWindow(FormWindow& form, ListBox& list);
 
     void Show(Property what) override;
+    void RowInserted(int row) override;
+    void RowRemoved(int row) override;
     void RowReplaced(int row) override;
+    void RowsCleared() override;
 
   protected:
     LRESULT Process(UINT message, WPARAM wide, LPARAM parameter) override;
@@ -52,7 +55,11 @@ class ListWindow : public RowWindow {
   private:
     ListBox& List() const { return static_cast<ListBox&>(Model()); }
     void ShowTabStops() const;
+    void HoldDrawing();
+    void DrawAgain();
     int TopRow() const { return static_cast<int>(Send(LB_GETTOPINDEX)); }
+
+    bool mDrawingHeld = false;
 };
 
 class ComboWindow : public RowWindow {
