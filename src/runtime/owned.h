@@ -12,7 +12,8 @@ namespace kestrelmoor {
 ///     static void Release(Value) noexcept;        // gives it back; never called for kNone
 ///
 /// Release must leave the thread's last error as it finds it.
-template <class Traits> class Owned {
+template <class Traits>
+class Owned {
   public:
     using Value = typename Traits::Value;
 

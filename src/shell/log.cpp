@@ -16,12 +16,12 @@ StringView TypeName(int nType) {
 String OnOneLine(const String& sText) {
     String line;
     line.reserve(sText.size());
+    char16_t before = 0;
     for (const char16_t unit : sText) {
         const bool is_break = unit == u'\r' || unit == u'\n';
-        if (!is_break)
-            line.push_back(unit);
-        else if (unit == u'\n' || line.empty())
-            line.push_back(u' ');
+        if (before != u'\r' || unit != u'\n') // the two together are one break
+            line.push_back(is_break ? u' ' : unit);
+        before = unit;
     }
     return line;
 }

@@ -1,0 +1,71 @@
+#include "window_services/keyboard_cues.h"
+
+#include "shell/program_state.h"
+#include "tests/native/support/probe_form.h"
+#include "tests/native/support/program_test.h"
+#include "tests/native/support/recording_desktop.h"
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+class KeyboardCues : public ProgramTest {
+  protected:
+    KeyboardCues() {
+        gWinVersion = kWindows2000;
+        form->lblText.SetTag(u"&Name:");
+        form->Show();
+        desktop.Take();
+    }
+
+    RecordingDesktop desktop;
+    std::shared_ptr<ProbeForm> form = MakeProbe();
+};
+
+} // namespace
+
+TEST_F(KeyboardCues, TheShowingPassMarksLabelsAndRepaintsButtonsAndCheckBoxes) {
+    ShowCues(*form);
+    EXPECT_EQ(desktop.Take(), (Lines{"lblText Caption", "chkMark Caption", "cmdOK Caption"}));
+    EXPECT_EQ(form->lblText.Caption(), u"&Name:");
+    EXPECT_EQ(CallsOf({"SendUpdateUiState"}), Lines{"SendUpdateUiState(\"42\", \"196610\")"});
+}
+
+TEST_F(KeyboardCues, TheHidingPassRepaintsFramesToo) {
+    HideCues(*form);
+    EXPECT_EQ(desktop.Take(),
+              (Lines{"lblText Caption", "fraGroup Caption", "chkMark Caption", "cmdOK Caption"}));
+    EXPECT_EQ(form->lblText.Caption(), u"Name:");
+    EXPECT_EQ(CallsOf({"SendUpdateUiState"}), Lines{"SendUpdateUiState(\"42\", \"196609\")"});
+}
+
+TEST_F(KeyboardCues, APassLeavesTheOtherCaptionsAsTheyAre) {
+    ShowCues(*form);
+    HideCues(*form);
+    EXPECT_EQ(form->cmdOK.Caption(), u"OK");
+    EXPECT_EQ(form->fraGroup.Caption(), u"Group");
+    EXPECT_EQ(form->txtText.Text(), u"abc");
+}
+
+TEST_F(KeyboardCues, ACaptionWithoutAMarkIsTheTagUnchanged) {
+    form->lblText.SetTag(u"Name:");
+    HideCaptionCue(form->lblText);
+    EXPECT_EQ(form->lblText.Caption(), u"Name:");
+    form->lblText.SetTag(u"&");
+    HideCaptionCue(form->lblText);
+    EXPECT_EQ(form->lblText.Caption(), u"");
+}
+
+TEST_F(KeyboardCues, ABuildOfWindows2000IsAskedAndTheLastNT4IsNot) {
+    world.machine.keyboard_cues = false;
+    gWinVersion = 0x24FFFFFF;
+    ReadKeyboardCues();
+    EXPECT_TRUE(gKeyboardCues);
+    EXPECT_EQ(world.calls.Count("SystemParametersInfoW"), 0U);
+    gWinVersion = 0x25000000;
+    ReadKeyboardCues();
+    EXPECT_FALSE(gKeyboardCues);
+    EXPECT_EQ(world.calls.Count("SystemParametersInfoW"), 1U);
+}
+
+} // namespace kestrelmoor::tests

@@ -1,0 +1,178 @@
+#include "platform/form_peer.h"
+#include "platform/practice/console/arguments.h"
+#include "platform/practice/console/console.h"
+#include "platform/practice/console/key_names.h"
+#include "platform/practice/world/world.h"
+#include "runtime/forms/application.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace kestrelmoor {
+namespace {
+
+using practice::Console;
+
+constexpr std::array<ControlDesign, 5> kControls = {{
+    {.name = u"lblWord", .kind = ControlKind::Label, .tab_index = 0, .text = u"&Word:"},
+    {.name = u"txtWord", .kind = ControlKind::TextBox, .tab_index = 1, .password_char = u"*"},
+    {.name = u"lstRows", .kind = ControlKind::ListBox, .tab_index = 2},
+    {.name = u"cmdOK",
+     .kind = ControlKind::CommandButton,
+     .tab_index = 3,
+     .text = u"&OK",
+     .is_default = true},
+    {.name = u"cmdOff", .kind = ControlKind::CommandButton, .tab_index = 4, .enabled = false, .text = u"Off"},
+}};
+
+constexpr FormDesign kDesign = {u"frmProbe", u"", 3000, 3000, false, true, false, kControls};
+
+class Probe : public Form {
+  public:
+    Probe() : Form(kDesign) {
+        Get<ListBox>(u"lstRows").AddItem(u"one");
+        Get<ListBox>(u"lstRows").AddItem(u"two");
+        Get<CommandButton>(u"cmdOK").Click = [this] { ++clicks; };
+    }
+    int clicks = 0;
+};
+
+/// A window, and a console with a script in front of it.
+class PracticeConsole : public testing::Test {
+  protected:
+    PracticeConsole() {
+        Application::Current().SetDesktop(&platform::TheDesktop());
+        form = Application::Current().Make<Probe>();
+        form->SetCaption(u"Probe");
+        form->Show();
+    }
+    ~PracticeConsole() override {
+        Application::Current().UnloadAll();
+        form.reset();
+        Application::Current().SetDesktop(nullptr);
+    }
+
+    /// What is printed while the program runs on the script.
+    std::string Run(std::vector<std::string> lines, bool stops_at_error = true) {
+        std::size_t next = 0;
+        std::string printed;
+        Console console(
+            world,
+            [&]() -> std::optional<std::string> {
+                return next < lines.size() ? std::optional(lines[next++]) : std::nullopt;
+            },
+            [&](const std::string& text) { printed += text; }, stops_at_error);
+        Application::Current().Run();
+        failed = console.Failed();
+        return printed;
+    }
+
+    practice::ScopedWorld world;
+    std::shared_ptr<Probe> form;
+    bool failed = false;
+};
+
+TEST_F(PracticeConsole, ShowsTheWindowWithFocusMaskListAndMarks) {
+    EXPECT_EQ(Run({"type abc", "choose lstRows 1", "show"}), "=== Probe (frmProbe)\n"
+                                                             "  lblWord         Word:\n"
+                                                             "  txtWord         \"***\"\n"
+                                                             "> lstRows         list of 2\n"
+                                                             "                    0: one\n"
+                                                             "                  * 1: two\n"
+                                                             "  cmdOK           [OK] (default)\n"
+                                                             "  cmdOff          [Off] (disabled)\n");
+    EXPECT_FALSE(failed);
+}
+
+TEST_F(PracticeConsole, TypesBlanksAsTheyStand) {
+    Run({"type  a b "});
+    EXPECT_EQ(form->Get<TextBox>(u"txtWord").Text(), u" a b ");
+}
+
+TEST_F(PracticeConsole, PressesAndClicksReachTheForm) {
+    Run({"# a remark", "", "press Enter", "click cmdOK"});
+    EXPECT_EQ(form->clicks, 2);
+}
+
+TEST_F(PracticeConsole, CloseEndsTheWindow) {
+    Run({"close"});
+    EXPECT_TRUE(form->IsUnloaded());
+}
+
+TEST_F(PracticeConsole, EndOfInputEndsTheProgramsLoopInOrder) {
+    EXPECT_EQ(Run({}), "");
+    EXPECT_TRUE(form->IsLoaded());
+}
+
+TEST_F(PracticeConsole, BadInputIsToldWithItsLineAndStopsAScript) {
+    EXPECT_EQ(Run({"show me", "show"}), "line 1: write \"show\"\n");
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(Run({"", "dance"}), "line 2: \"dance\" is no command; help lists them\n");
+    EXPECT_EQ(Run({"click cmdNo"}),
+              "line 1: the open window has no control named \"cmdNo\"; show lists them\n");
+    EXPECT_EQ(Run({"click cmdOff"}), "line 1: \"cmdOff\" can't be clicked: it is hidden or disabled\n");
+    EXPECT_EQ(Run({"choose lstRows 2"}), "line 1: \"lstRows\" has 2 rows, counted from 0\n");
+    EXPECT_EQ(Run({"choose lstRows"}),
+              "line 1: a control's name and the number of a row are needed; show lists both\n");
+    EXPECT_EQ(Run({"choose cmdOK 0"}), "line 1: \"cmdOK\" is no list\n");
+    EXPECT_EQ(Run({"check lstRows 0"}), "line 1: this list has no check marks\n");
+    EXPECT_EQ(Run({"press Hyper"}),
+              "line 1: \"Hyper\" is no key; write Enter, Escape, Tab, Shift+Tab, Alt+x, F1, Up, a, 1 ...\n");
+    EXPECT_EQ(Run({"wait soon"}), "line 1: \"soon\" is no number of milliseconds\n");
+    EXPECT_EQ(Run({"box maybe"}), "line 1: \"maybe\" is no button; write ok, yes or no\n");
+    EXPECT_EQ(Run({"close", "show"}), "");
+    EXPECT_EQ(form->clicks, 0);
+}
+
+TEST_F(PracticeConsole, AtATerminalBadInputIsNotTheEnd) {
+    Run({"dance", "press Enter"}, false);
+    EXPECT_EQ(form->clicks, 1);
+    EXPECT_TRUE(failed);
+}
+
+TEST_F(PracticeConsole, PrintsEachBoxAndAnswersAsTold) {
+    int answer = 0;
+    form->Get<CommandButton>(u"cmdOK").Click = [&] {
+        answer = practice::TheWorld().boxes.Show(u"Sure?", 4, u"Title");
+    };
+    EXPECT_EQ(Run({"box no", "click cmdOK"}), "--- Title\nSure?\n--- answered with No\n");
+    EXPECT_EQ(answer, 7);
+}
+
+TEST_F(PracticeConsole, PrintsTheRecordOfCalls) {
+    world.calls.Clear();
+    world.calls.Enter("ExitWindowsEx", {4, 0});
+    EXPECT_EQ(Run({"calls"}), "ExitWindowsEx(\"4\", \"0\")\n");
+}
+
+TEST(PracticeKeyNames, NamesAreKeysWithTheirShifts) {
+    const auto same = [](const char* name, int key, int shift) {
+        const auto stroke = practice::KeyOfName(name);
+        return stroke && stroke->key == key && stroke->shift == shift;
+    };
+    EXPECT_TRUE(same("Enter", 13, 0));
+    EXPECT_TRUE(same("shift+TAB", 9, 1));
+    EXPECT_TRUE(same("Alt+x", 'X', 4));
+    EXPECT_TRUE(same("Ctrl+Shift+7", '7', 3));
+    EXPECT_TRUE(same("F1", 112, 0));
+    EXPECT_TRUE(same("f12", 123, 0));
+    for (const char* const name : {"", "F0", "F13", "Meta+x", "Alt+", "xy", "F1x"})
+        EXPECT_FALSE(practice::KeyOfName(name)) << name;
+}
+
+TEST(PracticeArguments, OwnOnesStandAheadAndTheProgramsBehindTwoHyphens) {
+    const auto read = practice::ReadArguments({"--world", "w.json", "--", "/d", "C:\\My Logs\\a.log", "/f"});
+    EXPECT_EQ(read.world_file, "w.json");
+    EXPECT_EQ(read.program_arguments, u"/d \"C:\\My Logs\\a.log\" /f");
+    EXPECT_EQ(read.save_file, std::nullopt);
+}
+
+TEST(PracticeArguments, UnknownOnesAndMissingNamesAreRefused) {
+    EXPECT_THROW(practice::ReadArguments({"/f"}), std::invalid_argument);
+    EXPECT_THROW(practice::ReadArguments({"--save"}), std::invalid_argument);
+}
+
+} // namespace
+} // namespace kestrelmoor

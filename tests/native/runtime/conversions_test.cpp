@@ -1,0 +1,137 @@
+#include "runtime/conversions.h"
+
+#include "tests/native/support/raised.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+constexpr std::int32_t kOverflow = 6;
+constexpr std::int32_t kTypeMismatch = 13;
+
+std::int32_t Refusal16(StringView text) {
+    return RaisedNumber([&] { ToInteger16(text); });
+}
+
+std::int32_t Refusal32(StringView text) {
+    return RaisedNumber([&] { ToInteger32(text); });
+}
+
+TEST(Conversions, DecimalTextBecomesANumber) {
+    EXPECT_EQ(ToInteger16(u"0"), 0);
+    EXPECT_EQ(ToInteger16(u"1033"), 1033);
+    EXPECT_EQ(ToInteger16(u"-7"), -7);
+    EXPECT_EQ(ToInteger16(u"+7"), 7);
+    EXPECT_EQ(ToInteger16(u"0007"), 7);
+    EXPECT_EQ(ToInteger16(u" 12 "), 12);
+    EXPECT_EQ(ToInteger16(u"1."), 1);
+    EXPECT_EQ(ToInteger16(u"1e3"), 1000);
+    EXPECT_EQ(ToInteger16(u"25E-1"), 2);
+    EXPECT_EQ(ToInteger16(u"1d2"), 100);
+}
+
+TEST(Conversions, AHalfGoesToTheEvenNeighbour) {
+    EXPECT_EQ(ToInteger16(u"0.5"), 0);
+    EXPECT_EQ(ToInteger16(u"1.5"), 2);
+    EXPECT_EQ(ToInteger16(u"2.5"), 2);
+    EXPECT_EQ(ToInteger16(u"-0.5"), 0);
+    EXPECT_EQ(ToInteger16(u"-1.5"), -2);
+    EXPECT_EQ(ToInteger16(u"-2.5"), -2);
+    EXPECT_EQ(ToInteger16(u"2.51"), 3);
+    EXPECT_EQ(ToInteger16(u".49"), 0);
+    EXPECT_EQ(ToInteger16(u"-.6"), -1);
+    EXPECT_EQ(RoundToEven(3.5), 4.0);
+    EXPECT_EQ(RoundToEven(-3.5), -4.0);
+    EXPECT_EQ(RoundToEven(4503599627370497.0), 4503599627370497.0);
+    EXPECT_EQ(RoundToInteger32(2147483647.5 - 0.25), 2147483647);
+    EXPECT_EQ(RaisedNumber([] { RoundToInteger32(2147483647.5); }), kOverflow);
+    EXPECT_EQ(RaisedNumber([] { RoundToInteger32(-2147483649.0); }), kOverflow);
+    EXPECT_EQ(RaisedNumber([] { RoundToInteger32(std::numeric_limits<double>::quiet_NaN()); }), kOverflow);
+}
+
+TEST(Conversions, ANumberInHexadecimalOrOctalNotation) {
+    EXPECT_EQ(ToInteger16(u"&H409"), 1033);
+    EXPECT_EQ(ToInteger16(u"&h40f"), 1039);
+    EXPECT_EQ(ToInteger16(u"&O17"), 15);
+    EXPECT_EQ(ToInteger16(u"&H7FFF"), 32767);
+    EXPECT_EQ(ToInteger16(u"&HFFFF"), -1);
+    EXPECT_EQ(ToInteger16(u"&H8000"), -32768);
+    EXPECT_EQ(ToInteger32(u"&HFFFFFFFF"), -1);
+    EXPECT_EQ(ToInteger32(u"&H10000"), 65536);
+    EXPECT_EQ(Refusal16(u"&H10000"), kOverflow);
+    EXPECT_EQ(Refusal32(u"&H100000000"), kOverflow);
+}
+
+TEST(Conversions, SixteenBitsHoldWhatRoundsIntoThem) {
+    EXPECT_EQ(ToInteger16(u"32767"), 32767);
+    EXPECT_EQ(ToInteger16(u"-32768"), -32768);
+    EXPECT_EQ(ToInteger16(u"32767.4"), 32767);
+    EXPECT_EQ(ToInteger16(u"-32768.5"), -32768);
+    EXPECT_EQ(Refusal16(u"32767.5"), kOverflow);
+    EXPECT_EQ(Refusal16(u"32768"), kOverflow);
+    EXPECT_EQ(Refusal16(u"-32769"), kOverflow);
+    EXPECT_EQ(Refusal16(u"70000"), kOverflow);
+    EXPECT_EQ(Refusal16(u"1e400"), kOverflow);
+}
+
+TEST(Conversions, ThirtyTwoBitsEndAtTheirLimits) {
+    EXPECT_EQ(ToInteger32(u"2147483647"), 2147483647);
+    EXPECT_EQ(ToInteger32(u"-2147483648"), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(Refusal32(u"2147483648"), kOverflow);
+    EXPECT_EQ(Refusal32(u"-2147483649"), kOverflow);
+}
+
+TEST(Conversions, WhatIsNoNumberIsAMismatch) {
+    for (const StringView text : {u"", u"  ", u"abc", u"12abc", u"1 2", u"&H", u"&HG", u"&X1", u".", u"-",
+                                  u"1e", u"--1", u"&H-1", u"1033\u00A0x"})
+        EXPECT_EQ(Refusal16(text), kTypeMismatch) << ToUtf8(text);
+}
+
+TEST(Conversions, ANumericTextIsOneAsAWholeWhateverItsSize) {
+    for (const StringView text : {u"0", u" 12 ", u"-1.5", u"&H1F", u"1e999", u"99999999999"})
+        EXPECT_TRUE(IsNumeric(text)) << ToUtf8(text);
+    for (const StringView text : {u"", u" ", u"abc", u"12 abc", u"1,2,x", u"&HXY"})
+        EXPECT_FALSE(IsNumeric(text)) << ToUtf8(text);
+}
+
+TEST(Conversions, TheLeadingNumberOfAText) {
+    EXPECT_EQ(LeadingNumber(u"14 days"), 14.0);
+    EXPECT_EQ(LeadingNumber(u"-3.5x"), -3.5);
+    EXPECT_EQ(LeadingNumber(u"1e2x"), 100.0);
+    EXPECT_EQ(LeadingNumber(u"1e"), 1.0);
+    EXPECT_EQ(LeadingNumber(u".5.5"), 0.5);
+    EXPECT_EQ(LeadingNumber(u"days 14"), 0.0);
+    EXPECT_EQ(LeadingNumber(u"-"), 0.0);
+    EXPECT_EQ(LeadingNumber(u""), 0.0);
+}
+
+TEST(Conversions, BlanksTabsAndLineFeedsInALeadingNumberDoNotCount) {
+    EXPECT_EQ(LeadingNumber(u"  1 4 days"), 14.0);
+    EXPECT_EQ(LeadingNumber(u"\t1\n7"), 17.0);
+}
+
+TEST(Conversions, NumberFormats) {
+    EXPECT_EQ(DecimalText(0), u"0");
+    EXPECT_EQ(DecimalText(-12), u"-12");
+    EXPECT_EQ(DecimalText(std::numeric_limits<std::int64_t>::min()), u"-9223372036854775808");
+    EXPECT_EQ(PaddedText(7, 1), u"7");
+    EXPECT_EQ(PaddedText(7, 2), u"07");
+    EXPECT_EQ(PaddedText(7, 3), u"007");
+    EXPECT_EQ(PaddedText(1234, 3), u"1234");
+    EXPECT_EQ(PaddedText(0, 2), u"00");
+    EXPECT_EQ(PaddedText(-5, 2), u"-05");
+    EXPECT_EQ(HexText(0), u"0");
+    EXPECT_EQ(HexText(0x10200), u"10200");
+    EXPECT_EQ(HexText(0xFFFFFFFF), u"FFFFFFFF");
+    EXPECT_EQ(HexText(0xABC), u"ABC");
+    EXPECT_EQ(BooleanText(true), u"True");
+    EXPECT_EQ(BooleanText(false), u"False");
+}
+
+} // namespace
+
+} // namespace kestrelmoor::tests
