@@ -6,10 +6,14 @@ cd "$(dirname "$0")"
 tools/install_packages.sh cmake ninja-build g++ g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 \
   nlohmann-json3-dev libgtest-dev googletest python3 python3-polib gettext
 
-for preset in native windows; do
+build() {
+  local preset=$1
+  shift
   cmake --preset "$preset" >/dev/null
-  cmake --build --preset "$preset"
-done
+  cmake --build --preset "$preset" --target "$@"
+}
+build native practice default_loc
+build windows Moorlink default_loc
 
 rm -rf out/program
 cp -r out/windows/program out/program

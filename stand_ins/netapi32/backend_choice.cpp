@@ -1,6 +1,7 @@
 #include "backend_choice.h"
 
 #include "bridge_backend.h"
+#include "practice_backend.h"
 
 #include <windows.h>
 
@@ -41,6 +42,7 @@ struct Choice {
 
 constexpr std::array kChoices = {
     Choice{L"KESTRELMOOR_BRIDGE", MakeBridgeBackend},
+    Choice{L"KESTRELMOOR_WORLD", MakePracticeBackend},
 };
 
 String EnvironmentVariable(const wchar_t* name) {
@@ -53,8 +55,9 @@ String EnvironmentVariable(const wchar_t* name) {
 std::unique_ptr<NetworkBackend> ChooseBackend() {
     for (const Choice& choice : kChoices) {
         const String value = EnvironmentVariable(choice.variable);
-        if (!value.empty())
-            return choice.make(value);
+        std::unique_ptr<NetworkBackend> backend = value.empty() ? nullptr : choice.make(value);
+        if (backend)
+            return backend;
     }
     return std::make_unique<AbsentBackend>();
 }

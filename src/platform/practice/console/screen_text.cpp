@@ -1,0 +1,126 @@
+#include "platform/practice/console/screen_text.h"
+
+#include <algorithm>
+
+namespace kestrelmoor::practice {
+
+namespace {
+
+constexpr std::size_t kNameWidth = 16;
+
+template <bool (Control::*state)() const>
+bool AllTheWay(const Control& control) {
+    for (const Control* holder = &control; holder; holder = holder->Container())
+        if (!(holder->*state)())
+            return false;
+    return true;
+}
+
+bool CanBeSeen(const Control& control) {
+    const ControlKind kind = control.Kind();
+    return AllTheWay<&Control::Visible>(control) && kind != ControlKind::Timer && kind != ControlKind::Line &&
+           kind != ControlKind::Shape;
+}
+
+std::string WithoutMark(const String& caption) {
+    String text;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && i + 1 < caption.size())
+            ++i;
+        text.push_back(caption[i]);
+    }
+    return ToUtf8(text);
+}
+
+/// Further lines stand under the first.
+std::string Indented(const String& text) {
+    std::string lines;
+    for (const char16_t c : text) {
+        if (c == u'\n')
+            lines += "\n" + std::string(kNameWidth + 4, ' ');
+        else if (c == u'\t')
+            lines += " | ";
+        else if (c != u'\r')
+            lines += ToUtf8(StringView(&c, 1));
+    }
+    return lines;
+}
+
+std::string Shown(const TextBox& box) {
+    if (box.PasswordChar().empty())
+        return "\"" + Indented(box.Text()) + "\"";
+    String mask;
+    for (std::size_t i = 0; i < box.Text().size(); ++i)
+        mask += box.PasswordChar();
+    return "\"" + ToUtf8(mask) + "\"";
+}
+
+std::string Shown(const RowControl& list) {
+    std::string lines = "list of " + std::to_string(list.ListCount());
+    const auto* const checked = dynamic_cast<const ListBox*>(&list);
+    for (int row = 0; row < list.ListCount(); ++row) {
+        lines += "\n" + std::string(kNameWidth + 2, ' ') + (row == list.ListIndex() ? "* " : "  ");
+        if (checked && checked->Style() == ListStyle::CheckBoxes)
+            lines += checked->Selected(row) ? "[x] " : "[ ] ";
+        lines += std::to_string(row) + ": " + Indented(list.List(row));
+    }
+    return lines;
+}
+
+std::string Content(const Control& control) {
+    if (const auto* const box = dynamic_cast<const TextBox*>(&control))
+        return Shown(*box);
+    if (const auto* const list = dynamic_cast<const RowControl*>(&control))
+        return Shown(*list);
+    if (const auto* const check = dynamic_cast<const CheckBox*>(&control))
+        return (check->Value() != 0 ? "[x] " : "[ ] ") + WithoutMark(check->Caption());
+    if (control.Kind() == ControlKind::CommandButton)
+        return "[" + WithoutMark(control.Caption()) + "]";
+    return control.HasCaption() ? WithoutMark(control.Caption()) : "";
+}
+
+std::string Marks(const Control& control) {
+    std::string marks;
+    const auto add = [&](bool applies, const char* word) {
+        marks += applies ? std::string(" (") + word + ")" : "";
+    };
+    add(!AllTheWay<&Control::Enabled>(control), "disabled");
+    if (const auto* const button = dynamic_cast<const CommandButton*>(&control)) {
+        add(button->Default(), "default");
+        add(button->Cancel(), "cancel");
+    }
+    if (const auto* const box = dynamic_cast<const TextBox*>(&control))
+        add(box->Locked(), "locked");
+    return marks;
+}
+
+} // namespace
+
+std::string TextOfScreen(const Form& form) {
+    std::vector<const Control*> seen;
+    for (const auto& control : form.Controls())
+        if (CanBeSeen(*control))
+            seen.push_back(control.get());
+    std::stable_sort(seen.begin(), seen.end(),
+                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+
+    std::string text = "=== " + ToUtf8(form.Caption()) + " (" + ToUtf8(form.Name()) + ")" +
+                       (form.MousePointer() == mouse_pointer::kHourglass ? " (busy)" : "") + "\n";
+    for (const Control* const control : seen) {
+        std::string name = ToUtf8(control->Name());
+        name.resize(std::max(kNameWidth, name.size() + 1), ' ');
+        text += (control == form.ActiveControl() ? "> " : "  ") + name + Content(*control) + Marks(*control) +
+                "\n";
+    }
+    return text;
+}
+
+std::string TextOfBox(const Box& box) {
+    const char* const button = box.answer == 6   ? "Yes"
+                               : box.answer == 7 ? "No"
+                               : box.answer == 2 ? "Cancel"
+                                                 : "OK";
+    return "--- " + ToUtf8(box.title) + "\n" + ToUtf8(box.text) + "\n--- answered with " + button + "\n";
+}
+
+} // namespace kestrelmoor::practice

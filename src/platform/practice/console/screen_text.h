@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/practice/world/desk.h"
+#include "runtime/forms/form.h"
+
+#include <string>
+
+namespace kestrelmoor::practice {
+
+/// A form as it can be seen: a line for its caption and one for each visible control, in tab order, with its
+/// name, what it shows, and what sets it apart. ">" marks the focus; masked texts stay masked.
+std::string TextOfScreen(const Form& form);
+
+/// A message box with the button that was pressed.
+std::string TextOfBox(const Box& box);
+
+} // namespace kestrelmoor::practice

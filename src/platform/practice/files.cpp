@@ -1,0 +1,102 @@
+#include "platform/files.h"
+
+#include "platform/practice/world/world.h"
+#include "runtime/errors.h"
+
+namespace kestrelmoor::platform {
+
+namespace {
+
+using practice::File;
+using practice::HandleKind;
+using practice::TheWorld;
+
+constexpr std::uint32_t kFileNotFound = 2;
+constexpr std::uint32_t kPathNotFound = 3;
+constexpr std::uint32_t kAccessDenied = 5;
+
+/// The run-time's own error for the codes that have one, otherwise the code itself.
+[[noreturn]] void RaiseForCode(std::uint32_t code) {
+    switch (code) {
+    case kFileNotFound:
+        RaiseError(error_number::kFileNotFound);
+    case kPathNotFound:
+        RaiseError(error_number::kPathNotFound);
+    case kAccessDenied:
+        RaiseError(error_number::kPermissionDenied);
+    default:
+        RaiseError(ErrorNumberOfSystemCode(code));
+    }
+}
+
+[[noreturn]] void RaiseForMissing(const String& path) {
+    RaiseForCode(TheWorld().files.FolderOf(path) ? kFileNotFound : kPathNotFound);
+}
+
+bool RefusesNewFile(const String& path) {
+    const File* const folder = TheWorld().files.FolderOf(path);
+    return folder && folder->refuses_writing;
+}
+
+bool RefusesWriting(const File& file) {
+    return file.IsDirectory() || file.refuses_writing ||
+           (file.attributes & practice::file_attribute::kReadOnly) != 0;
+}
+
+} // namespace
+
+std::uint32_t GetFileAttributesW(const String& sPath) {
+    practice::World& world = TheWorld();
+    if (const auto fault = world.calls.Enter("GetFileAttributesW", {sPath}))
+        RaiseForCode(*fault);
+    if (const File* const file = world.files.Find(sPath)) {
+        if (file->refuses_reading)
+            RaiseForCode(kAccessDenied);
+        return file->attributes;
+    }
+    if (world.libraries.Find(world.files.FullPath(sPath)))
+        return practice::file_attribute::kArchive;
+    RaiseForMissing(sPath);
+}
+
+String ProgramFolder() {
+    return TheWorld().machine.program_folder;
+}
+
+String ProgramBaseName() {
+    return TheWorld().machine.program_name;
+}
+
+void AppendFileTraits::Release(Value file) noexcept {
+    TheWorld().calls.Enter("CloseAppendFile");
+    TheWorld().handles.Close(HandleKind::AppendFile, static_cast<std::uintptr_t>(file));
+}
+
+OwnedAppendFile OpenForAppending(const String& sPath) {
+    practice::World& world = TheWorld();
+    if (const auto fault = world.calls.Enter("OpenForAppending", {sPath}))
+        RaiseForCode(*fault);
+    const String path = world.files.FullPath(sPath);
+    const File* const file = world.files.Find(path);
+    if (file ? RefusesWriting(*file) : RefusesNewFile(path))
+        RaiseForCode(kAccessDenied);
+    if (!file && !world.files.FolderOf(path))
+        RaiseForCode(kPathNotFound);
+    if (!file)
+        world.files.CreateFile(path);
+    return OwnedAppendFile(static_cast<std::intptr_t>(world.handles.Open(HandleKind::AppendFile, path)));
+}
+
+void Append(const OwnedAppendFile& file, std::string_view bytes) {
+    practice::World& world = TheWorld();
+    if (const auto fault = world.calls.Enter("Append"))
+        RaiseForCode(*fault);
+    const auto* const path =
+        world.handles.Find<String>(HandleKind::AppendFile, static_cast<std::uintptr_t>(file.Get()));
+    File* const found = path ? world.files.Find(*path) : nullptr;
+    if (!found || RefusesWriting(*found))
+        RaiseForCode(kAccessDenied);
+    found->content += bytes;
+}
+
+} // namespace kestrelmoor::platform

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "runtime/text.h"
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrelmoor::practice {
+
+/// An argument whose text is never kept in the record of calls.
+struct Secret {
+    StringView text;
+};
+
+/// An argument as the record shows it: texts as they stand, numbers in decimal digits.
+struct CallArgument {
+    CallArgument(const String& value) : text(value) {}
+    CallArgument(const char* value) : text(FromUtf8(value)) {}
+    CallArgument(std::integral auto value) : text(FromUtf8(std::to_string(value))) {}
+    CallArgument(Secret value) : text(value.text), is_secret(true) {}
+
+    String text;
+    bool is_secret = false;
+};
+
+/// One call that was made through the platform's seam. A secret stands as a mark, "<secret 1>": equal marks
+/// are equal texts.
+struct Call {
+    std::string name;
+    StringList arguments;
+};
+
+/// A code that a call is to answer in place of its own answer.
+struct Fault {
+    std::string name;
+    std::uint32_t code = 0;
+    int nth = 1; ///< 1: the next call of that name, 2: the one behind it ...; 0: every call
+
+    bool operator==(const Fault&) const = default;
+};
+
+/// The record of all calls in their order, and the faults that are laid into them.
+class Calls {
+  public:
+    /// Records a call. A value: the call is to do nothing and to answer this code.
+    std::optional<std::uint32_t> Enter(std::string_view name,
+                                       std::initializer_list<CallArgument> arguments = {});
+
+    /// Makes the `nth` call of that name from now on (0: every one) answer `code`.
+    void Fail(std::string_view name, std::uint32_t code, int nth = 1);
+
+    /// Runs `action` once, ahead of the `nth` call of that name from now on.
+    void Before(std::string_view name, std::function<void()> action, int nth = 1);
+
+    const std::vector<Call>& All() const { return mCalls; }
+    std::vector<Call> Of(std::string_view name) const;
+    std::vector<std::string> Names() const;
+    std::size_t Count(std::string_view name) const;
+
+    /// The mark that stands for a secret in the record; empty for a text that no call was given as one.
+    String MarkOf(StringView secret) const;
+
+    /// Forgets the calls; faults and actions stay.
+    void Clear() { mCalls.clear(); }
+
+    /// The faults that wait for their call.
+    const std::vector<Fault>& Faults() const { return mFaults; }
+
+  private:
+    struct Action {
+        std::string name;
+        std::function<void()> run;
+        int nth;
+    };
+    String Shown(const CallArgument& argument);
+    void RunActions(std::string_view name);
+    std::optional<std::uint32_t> TakeFault(std::string_view name);
+
+    std::vector<Call> mCalls;
+    StringList mSecrets;
+    std::vector<Fault> mFaults;
+    std::vector<Action> mActions;
+};
+
+/// A call in one line: NetUserChangePassword("\\DC1", "<secret 1>", "<secret 2>").
+std::string TextOf(const Call& call);
+
+} // namespace kestrelmoor::practice

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "runtime/text.h"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kestrelmoor::practice {
+
+enum class LibraryKind {
+    HostFile, ///< a library of this computer stands behind it
+    Scripted, ///< a language library of the world's own, which answers as it is told
+    Messages, ///< holds nothing but messages: those of the network
+    Broken,   ///< a file that is no library
+};
+
+/// What a scripted language library says.
+struct LanguageScript {
+    std::vector<std::int16_t> languages;
+    std::optional<std::int16_t> answers; ///< its LanguageID, whatever was asked for; none: what was asked for
+    bool accepts_any = false;            ///< serves a language that it doesn't list, too
+    std::int32_t class_result = 0;       ///< of its class object; below 0: failed
+    std::int32_t create_result = 0;      ///< of its factory
+    std::string font_name = "Tahoma";
+    std::int16_t font_charset = 1;
+    std::string help_file = "help.html";
+
+    bool operator==(const LanguageScript&) const = default;
+};
+
+struct Library {
+    String path; ///< from the drive on, or the bare name of one in the system folder
+    LibraryKind kind = LibraryKind::HostFile;
+    std::string host_file;       ///< UTF-8; relative: sought at the running program and in the folders above
+    std::set<std::string> lacks; ///< exports that it is to lack
+    LanguageScript script;
+
+    bool operator==(const Library&) const = default;
+};
+
+/// The libraries that can be loaded.
+class Libraries {
+  public:
+    std::vector<Library> all;
+
+    const Library* Find(StringView path) const;
+
+    /// Puts a library in, in place of one with the same path.
+    Library& Put(Library library);
+    void Remove(StringView path);
+};
+
+} // namespace kestrelmoor::practice

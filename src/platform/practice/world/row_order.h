@@ -1,0 +1,12 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace kestrelmoor::practice {
+
+/// The order that the real platform gives to names, case ignored: blanks, punctuation, symbols, digits,
+/// letters, an accent after its plain letter. Hyphens and apostrophes decide last of all: a text without one
+/// goes first, and then the one where it comes later. Below 0, 0, above 0.
+int CompareInRowOrder(StringView a, StringView b);
+
+} // namespace kestrelmoor::practice

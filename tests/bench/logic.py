@@ -1,0 +1,71 @@
+"""logic.py PROGRAM: runs the benchmarks of the logic on the practice platform and prints their figures."""
+
+import json
+import subprocess
+import sys
+
+from figures import print_table, with_spread
+
+REPETITIONS = 5
+UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+
+def plain(name):
+    """Without what says how it was measured."""
+    return "/".join(part for part in name.split("/") if part != "manual_time" and not part.startswith("repeats:"))
+
+
+def measured(program):
+    """{name: [nanoseconds of each repetition]} and {name: counters}."""
+    done = subprocess.run(
+        [program, "--benchmark_format=json", "--benchmark_min_time=0.1",
+         "--benchmark_repetitions=%d" % REPETITIONS], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+    times, counters = {}, {}
+    for run in json.loads(done.stdout)["benchmarks"]:
+        if run.get("error_occurred"):
+            raise RuntimeError("%s: %s" % (run["name"], run["error_message"]))
+        if run["run_type"] == "iteration":
+            name = plain(run["run_name"])
+            times.setdefault(name, []).append(run["real_time"] * UNITS[run["time_unit"]])
+            counters[name] = run
+    return times, counters
+
+
+def shown(nanoseconds):
+    """With the unit that fits the median."""
+    middle = sorted(nanoseconds)[len(nanoseconds) // 2]
+    unit = next((name for name in ("s", "ms", "us") if middle >= UNITS[name]), "ns")
+    scaled = [value / UNITS[unit] for value in nanoseconds]
+    text = with_spread(scaled, "%.1f") if len(scaled) > 1 else "%.1f" % scaled[0]
+    return text + " " + unit
+
+
+def median(values):
+    return sorted(values)[len(values) // 2]
+
+
+def print_goals(times, counters):
+    few, many, very_many = (median(times["OpenTheWindowWithServers/%d" % count]) for count in (10, 1000, 10000))
+    run, bare = "RunOverServers/1000", "BareCallsToServers/1000"
+    own = (median(times[run]) - median(times[bare])) / counters[run]["targets"]
+    rows = [
+        ("LoadTargets, 10,000 servers against 1,000", "%.1f times" % ((very_many - few) / (many - few)),
+         "goal: at most 12"),
+        ("a run beside its calls", "%.3f ms per target" % (own / 1e6), "goal: at most 0.1"),
+    ]
+    # The pump ahead of the run itself is no target's.
+    if counters[run]["calls"] != counters[bare]["calls"] + 1:
+        rows.append(("", "The run makes %d calls, the bare loop %d: what lies beside them is not known."
+                     % (counters[run]["calls"], counters[bare]["calls"]), ""))
+    print_table("Goals", rows)
+
+
+def main(program):
+    times, counters = measured(program)
+    print_table("Logic on the practice platform, median and quartiles of %d" % REPETITIONS,
+                [(name, shown(values)) for name, values in times.items()])
+    print_goals(times, counters)
+
+
+if __name__ == "__main__":
+    main(sys.argv[1])

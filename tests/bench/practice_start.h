@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/practice/world/world.h"
+
+namespace kestrelmoor::bench {
+
+/// The world of all benchmarks, the stock one, with the program's words and font brought up in it. The record
+/// of calls is emptied; whoever measures in a loop empties it again.
+practice::World& PracticeStart();
+
+/// Makes `count` servers, each with an account of the user, the settings in the registry and in memory: all
+/// active, the local computer not among them.
+void ConfigureServers(practice::World& world, int count);
+
+inline constexpr char16_t kOldPassword[] = u"Old-Password-1"; ///< that of the user on every server
+inline constexpr char16_t kNewPassword[] = u"Next-Password-2";
+
+/// Gives every account its old password again.
+void ResetPasswords(practice::World& world);
+
+} // namespace kestrelmoor::bench
