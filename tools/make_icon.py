@@ -2,9 +2,9 @@
 
     make_icon.py OUT.ico
 
-Nine images: 48, 32 and 16 pixels square, each with 4, 8 and 32 bits per pixel. All are plain bitmaps, since the
-oldest system knows no other; the first two depths have a mask of one bit in place of soft edges. The drawing has
-few colours, so that 8 bits hold every one of them.
+Nine images: 48, 32 and 16 pixels square, each with 4, 8 and 32 bits per pixel. All are plain bitmaps, since
+the oldest system knows no other; the first two depths have a mask of one bit in place of soft edges. The
+drawing has few colours, so that 8 bits hold every one of them.
 
 Needs the packages librsvg2-bin and python3-pil. The same pictures always give the same bytes.
 """
@@ -22,16 +22,16 @@ SOURCES = {48: "moorlink.svg", 32: "moorlink.svg", 16: "moorlink_16.svg"}
 DEPTHS = (4, 8, 32)
 BLACK = (0, 0, 0)
 SYSTEM_COLOURS = [
-    BLACK, (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128, 0, 128), (0, 128, 128), (128, 128, 128),
-    (192, 192, 192), (255, 0, 0), (0, 255, 0), (255, 255, 0), (0, 0, 255), (255, 0, 255), (0, 255, 255),
-    (255, 255, 255)]
+    BLACK, (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128, 0, 128), (0, 128, 128),
+    (128, 128, 128), (192, 192, 192), (255, 0, 0), (0, 255, 0), (255, 255, 0), (0, 0, 255), (255, 0, 255),
+    (0, 255, 255), (255, 255, 255)]
 """The sixteen that a display of 4 bits per pixel shows."""
 
 
 def drawn(size):
     """The picture at that size: rows of pixels from the bottom up, each red, green, blue, opacity."""
-    png = subprocess.run(["rsvg-convert", "--width", str(size), "--height", str(size), PICTURES / SOURCES[size]],
-                         check=True, stdout=subprocess.PIPE).stdout
+    command = ["rsvg-convert", "--width", str(size), "--height", str(size), PICTURES / SOURCES[size]]
+    png = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
     pixels = list(Image.open(io.BytesIO(png)).convert("RGBA").getdata())
     return [pixels[row * size:(row + 1) * size] for row in reversed(range(size))]
 
@@ -58,25 +58,30 @@ def packed(numbers, bits):
 
 
 def nearest(colour, palette):
-    return min(range(len(palette)), key=lambda index: sum((a - b) ** 2 for a, b in zip(colour, palette[index])))
+    def distance(index):
+        return sum((a - b) ** 2 for a, b in zip(colour, palette[index]))
+
+    return min(range(len(palette)), key=distance)
 
 
 def own_colours(rows):
     """The picture's own colours, as a palette of 256."""
     colours = sorted({BLACK, *(solid(pixel) for row in rows for pixel in row)})
     if len(colours) > 256:
-        raise ValueError("the drawing has %d colours, more than the 256 of an image with 8 bits" % len(colours))
+        raise ValueError("the drawing has %d colours; an image with 8 bits holds 256" % len(colours))
     return colours + [BLACK] * (256 - len(colours))
 
 
 def with_palette(rows, palette, bits):
     table = b"".join(struct.pack("BBBB", blue, green, red, 0) for red, green, blue in palette)
-    return table + b"".join(packed((nearest(solid(pixel), palette) for pixel in row), bits) for row in rows)
+    lines = ([nearest(solid(pixel), palette) for pixel in row] for row in rows)
+    return table + b"".join(packed(line, bits) for line in lines)
 
 
 def with_opacity(rows):
+    pixels = (pixel for row in rows for pixel in row)
     return b"".join(struct.pack("BBBB", blue, green, red, opacity) if opacity else bytes(4)
-                    for row in rows for red, green, blue, opacity in row)
+                    for red, green, blue, opacity in pixels)
 
 
 def image(rows, depth):

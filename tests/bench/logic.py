@@ -12,14 +12,16 @@ UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 def plain(name):
     """Without what says how it was measured."""
-    return "/".join(part for part in name.split("/") if part != "manual_time" and not part.startswith("repeats:"))
+    parts = [part for part in name.split("/") if part != "manual_time" and not part.startswith("repeats:")]
+    return "/".join(parts)
 
 
 def measured(program):
     """{name: [nanoseconds of each repetition]} and {name: counters}."""
     done = subprocess.run(
         [program, "--benchmark_format=json", "--benchmark_min_time=0.1",
-         "--benchmark_repetitions=%d" % REPETITIONS], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+         "--benchmark_repetitions=%d" % REPETITIONS],
+        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
     times, counters = {}, {}
     for run in json.loads(done.stdout)["benchmarks"]:
         if run.get("error_occurred"):
@@ -45,7 +47,8 @@ def median(values):
 
 
 def print_goals(times, counters):
-    few, many, very_many = (median(times["OpenTheWindowWithServers/%d" % count]) for count in (10, 1000, 10000))
+    few, many, very_many = (median(times["OpenTheWindowWithServers/%d" % count])
+                            for count in (10, 1000, 10000))
     run, bare = "RunOverServers/1000", "BareCallsToServers/1000"
     own = (median(times[run]) - median(times[bare])) / counters[run]["targets"]
     rows = [

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# run.sh [logic] [process]: measures the logic, whole processes, or without a word both, and prints the figures.
-# They mean something on a computer that does nothing else.
+# run.sh [logic] [process]: measures the logic, whole processes, or without a word both, and prints the
+# figures. They mean something on a computer that does nothing else.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")" && pwd)

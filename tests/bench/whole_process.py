@@ -1,8 +1,8 @@
-"""whole_process.py [BUILD]: Moorlink.exe beside bare programs, each as a whole process in the Wine of the desktop
-tests. BUILD is the Windows build's folder (out/windows), in which `bare_programs` has been built.
+"""whole_process.py [BUILD]: Moorlink.exe beside bare programs, each as a whole process in the Wine of the
+desktop tests. BUILD is the Windows build's folder (out/windows), in which `bare_programs` has been built.
 
-The two programs run in turn, pair by pair. A ratio is taken within its pair; what is printed is the median of the
-ratios, with the quartiles.
+The two programs run in turn, pair by pair. A ratio is taken within its pair; what is printed is the median of
+the ratios, with the quartiles.
 """
 
 import pathlib
@@ -66,7 +66,8 @@ def compare(desktop, build, case):
                           desktop.windows_path(build / "program" / "default.loc"))
     our_libraries, our_memory = loaded(run(desktop, stopwatch, "look", kind, ours))
     bare_libraries, bare_memory = loaded(run(desktop, stopwatch, "look", kind, bare))
-    times = [tuple(map(float, line.split("\t"))) for line in run(desktop, stopwatch, "time", kind, pairs, ours, bare)]
+    lines = run(desktop, stopwatch, "time", kind, pairs, ours, bare)
+    times = [tuple(map(float, line.split("\t"))) for line in lines]
     rows = [
         ("ratio", with_spread([one / other for one, other in times], "%.2f")),
         ("ours", with_spread([one / 1000 for one, _ in times], "%.1f") + " ms"),

@@ -107,9 +107,9 @@ class TheIcon(unittest.TestCase):
                 self.assertEqual(lengths[size, bits], len(image))
 
     def test_four_bits_have_the_colours_of_the_system(self):
-        system = {(0, 0, 0), (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128, 0, 128), (0, 128, 128),
-                  (128, 128, 128), (192, 192, 192), (255, 0, 0), (0, 255, 0), (255, 255, 0), (0, 0, 255),
-                  (255, 0, 255), (0, 255, 255), (255, 255, 255)}
+        system = {(0, 0, 0), (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128, 0, 128),
+                  (0, 128, 128), (128, 128, 128), (192, 192, 192), (255, 0, 0), (0, 255, 0), (255, 255, 0),
+                  (0, 0, 255), (255, 0, 255), (0, 255, 255), (255, 255, 255)}
         for _, _, _, bits, image in self.images:
             if bits == 4:
                 entries = [image[40 + 4 * index:44 + 4 * index] for index in range(16)]
@@ -123,7 +123,8 @@ class TheIcon(unittest.TestCase):
                 self.assertFalse(cleared[size * (size // 4) + size // 2], "the middle of the body")
                 if bits != 32:
                     shown = colours(image, size, bits)
-                    self.assertEqual({bytes(3)}, {shown[pixel] for pixel in range(size * size) if cleared[pixel]})
+                    under_mask = {colour for colour, clear in zip(shown, cleared) if clear}
+                    self.assertEqual({bytes(3)}, under_mask)
 
     def test_soft_edges_stand_in_32_bits_alone_and_the_masks_follow_them(self):
         for size, _, _, bits, image in self.images:
@@ -148,7 +149,7 @@ class TheIcon(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             drawn = pathlib.Path(folder) / "drawn.ico"
             subprocess.run([sys.executable, TOOL, drawn], check=True)
-            self.assertTrue(drawn.read_bytes() == self.file, "resources/Moorlink.ico is not what the tool draws")
+            self.assertTrue(drawn.read_bytes() == self.file, "resources/Moorlink.ico is not what is drawn")
 
     @unittest.skipUnless(PROGRAM.exists(), "Moorlink.exe has not been built")
     def test_the_program_holds_them_as_icon_group_1(self):
