@@ -8,7 +8,6 @@ import pathlib
 import re
 import subprocess
 import sys
-import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 OUT = ROOT / "out"
@@ -47,25 +46,11 @@ def google_tests():
     return tuple(counts)
 
 
-def python_tests(folder):
-    """The unittest modules of a folder, in a process of their own."""
+def runner(*command):
+    """A program of its own, which closes with a line of counts."""
 
     def run():
-        sys.path.insert(0, str(ROOT / folder))
-        suite = unittest.defaultTestLoader.discover(str(ROOT / folder))
-        result = unittest.TextTestRunner(stream=sys.stdout, verbosity=1).run(suite)
-        sys.path.pop(0)
-        failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
-        return result.testsRun - failed - len(result.skipped), failed, len(result.skipped)
-
-    return run
-
-
-def runner(script):
-    """A ring's own script, which closes with a line of counts."""
-
-    def run():
-        ended = subprocess.Popen(["bash", script], cwd=ROOT, stdout=subprocess.PIPE, text=True)
+        ended = subprocess.Popen(command, cwd=ROOT, stdout=subprocess.PIPE, text=True)
         counts = None
         for line in ended.stdout:
             sys.stdout.write(line)
@@ -73,7 +58,7 @@ def runner(script):
             counts = CLOSING_LINE.match(line) or counts
         code = ended.wait()
         if counts is None:
-            print("%s ended with code %d and no closing line" % (script, code))
+            print("%s ended with code %d and no closing line" % (" ".join(command), code))
             return 0, 1, 0
         passed, failed, skipped = map(int, counts.groups())
         return passed, failed if code == 0 or failed else 1, skipped
@@ -81,10 +66,15 @@ def runner(script):
     return run
 
 
+def python_tests(folder):
+    """The unittest modules of a folder."""
+    return runner("/usr/bin/python3", "tests/run_folder.py", folder)
+
+
 SUITES = {
     "native": [google_tests, python_tests("tests/languages"), python_tests("tests/lint")],
-    "desktop": [runner("tests/desktop/run.sh")],
-    "interop": [runner("tests/interop/run.sh")],
+    "desktop": [runner("bash", "tests/desktop/run.sh")],
+    "interop": [runner("bash", "tests/interop/run.sh")],
 }
 
 

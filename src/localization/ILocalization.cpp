@@ -5,16 +5,26 @@
 
 namespace kestrelmoor {
 
+namespace {
+
+/// A success that hands out nothing is a failure all the same.
+abi::ILocalization* Given(void* place) {
+    if (place == nullptr)
+        RaiseError(error_number::kObjectNotSet);
+    return static_cast<abi::ILocalization*>(place);
+}
+
+} // namespace
+
 ILocalization::ILocalization(const OwnedClassFactory& factory) {
     // What CreateInstance gives for IUnknown is asked for the interface through the same first entry of the
     // table that every interface has.
-    Owned<ComTraits<abi::ILocalization>> unknown;
     void* place = nullptr;
     RaiseIfFailed(factory.Get()->table->CreateInstance(factory.Get(), nullptr, &abi::kIidUnknown, &place));
-    unknown.Reset(static_cast<abi::ILocalization*>(place));
+    const OwnedObject unknown(Given(place));
     place = nullptr;
     RaiseIfFailed(unknown.Get()->table->QueryInterface(unknown.Get(), &abi::kIidLocalization, &place));
-    mObject.Reset(static_cast<abi::ILocalization*>(place));
+    mObject.Reset(Given(place));
 }
 
 void ILocalization::Initialize(std::int32_t nWinVersion, std::int16_t nLangID) {

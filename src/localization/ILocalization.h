@@ -51,11 +51,12 @@ class ILocalization {
 
   private:
     using Table = abi::ILocalizationTable;
+    using OwnedObject = Owned<ComTraits<abi::ILocalization>>;
     String TextFrom(std::int32_t (LOC_CALL* Table::*operation)(abi::ILocalization*, abi::LocText*)) const;
     std::int16_t NumberFrom(std::int32_t (LOC_CALL* Table::*operation)(abi::ILocalization*,
                                                                        std::int16_t*)) const;
 
-    Owned<ComTraits<abi::ILocalization>> mObject;
+    OwnedObject mObject;
 };
 
 } // namespace kestrelmoor

@@ -27,6 +27,8 @@ OwnedClassFactory GetClassObjectFromDll(const String& sPath, const abi::Guid& cl
     const auto get_class_object = ExportOf<abi::DllGetClassObjectCall>(hModule, LOC_GET_CLASS_OBJECT_NAME);
     void* place = nullptr;
     RaiseIfFailed(get_class_object(&clsid, &abi::kIidClassFactory, &place));
+    if (place == nullptr)
+        RaiseError(error_number::kObjectNotSet);
     return OwnedClassFactory(static_cast<abi::IClassFactory*>(place));
 }
 

@@ -1,22 +1,18 @@
 #include "platform/windows/bound_library.h"
 
 #include "platform/windows/last_error_kept.h"
+#include "platform/windows/system_folder.h"
+#include "platform/windows/wide_text.h"
 #include "runtime/errors.h"
-
-#include <cwchar>
 
 namespace kestrelmoor::platform {
 
 bool BoundLibrary::Load() noexcept {
     if (mModule)
         return true;
-    wchar_t path[MAX_PATH];
-    const UINT folder_length = ::GetSystemDirectoryW(path, MAX_PATH);
-    if (folder_length == 0 || folder_length + 1 + std::wcslen(mFileName) >= MAX_PATH)
-        return false;
-    path[folder_length] = L'\\';
-    std::wcscpy(path + folder_length + 1, mFileName);
-    mModule = ::LoadLibraryW(path);
+    // The search for what the library itself needs begins in its own folder, not in the program's.
+    const String path = InSystemFolder(FromWide(mFileName));
+    mModule = ::LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     return mModule != nullptr;
 }
 

@@ -9,7 +9,9 @@ constexpr StringView kBlanks = u" \t";
 
 StringView ArgumentsBehindName(StringView command_line) {
     bool quoted = false;
-    std::size_t position = 0;
+    std::size_t position = command_line.find_first_not_of(kBlanks);
+    if (position == StringView::npos)
+        return {};
     for (; position < command_line.size(); ++position) {
         const char16_t character = command_line[position];
         if (character == u'"')
