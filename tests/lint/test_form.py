@@ -38,6 +38,8 @@ class Form(unittest.TestCase):
 
 
 class StaticAnalysis(unittest.TestCase):
+    maxDiff = None
+
     def test_clang_tidy_finds_nothing_in_the_portable_code(self):
         sources = [
             str(path)
