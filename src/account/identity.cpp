@@ -32,7 +32,7 @@ String AskWorkstation(platform::NetStatus (*call)(Info&), const char16_t* sApiNa
         sError = FailedCall(status, sApiName);
         return {};
     }
-    const String answer = text(info);
+    String answer = text(info);
     LogInformation(String(sLabel) + u" = " + answer);
     return answer;
 }
