@@ -21,7 +21,13 @@ bool gTargetsNarrowed = false;
 String gUserName;
 bool gDomainMember = false;
 String gDomainName;
+bool gThemed = false;
+bool gThemeApiPresent = false;
+String gPasswordChar;
 bool gKeyboardCues = false;
 std::int16_t gPassFormCount = 0;
+platform::HookHandle gMouseHook = 0;
+platform::HookHandle gKeyboardHook = 0;
+IRedirect* gRedirectTarget = nullptr;
 
 } // namespace kestrelmoor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "localization/ILocalization.h"
+#include "platform/input_hooks.h"
 #include "platform/modules.h"
 #include "runtime/array.h"
 #include "runtime/text.h"
@@ -9,6 +10,8 @@
 #include <memory>
 
 namespace kestrelmoor {
+
+class IRedirect;
 
 // The state of the whole program. It lives as long as the process and belongs to no object; everything
 // starts false, 0, empty or null.
@@ -42,7 +45,14 @@ extern String gUserName;
 extern bool gDomainMember; ///< the computer belongs to a domain and the user's account comes from it
 extern String gDomainName; ///< that domain, empty otherwise
 
+extern bool gThemed;          ///< the program's windows are drawn with a visual style
+extern bool gThemeApiPresent; ///< the theme library could be called
+extern String gPasswordChar;  ///< the mask of password boxes
+
 extern bool gKeyboardCues;          ///< keyboard cues are always shown
 extern std::int16_t gPassFormCount; ///< live password windows
+extern platform::HookHandle gMouseHook;
+extern platform::HookHandle gKeyboardHook;
+extern IRedirect* gRedirectTarget; ///< the form that receives the window messages, null for none
 
 } // namespace kestrelmoor

@@ -2,11 +2,22 @@
 
 #include "runtime/forms/form.h"
 
+#include <cstdint>
+
 namespace kestrelmoor {
 
 /// Learns whether cues are always shown: by the system's setting, or because the system is older than
 /// Windows 2000, which knows no hiding.
 void ReadKeyboardCues();
+
+/// The two hooks that show and hide the cues of the active form: any key shows them, a movement of the mouse
+/// with no key held hides them. A hook that can't be set leaves the cues as they are.
+void InstallCueHooks();
+void RemoveCueHooks();
+
+/// What the hooks run.
+std::intptr_t KeyboardCueHook(int nCode, std::uintptr_t wParam, std::intptr_t lParam);
+std::intptr_t MouseCueHook(int nCode, std::uintptr_t wParam, std::intptr_t lParam);
 
 /// A label's caption from its tag, with the accelerator mark.
 void ShowCaptionCue(Control& control);

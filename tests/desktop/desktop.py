@@ -163,6 +163,10 @@ class Desktop(WineDesktop):
         """A real click, at the middle or at (x, y) of the client area; button 3 is the right one."""
         self._mouse(control, at, "click", "--repeat", str(clicks), "--delay", "60", str(button))
 
+    def hold(self, control, at=None, seconds=0.3):
+        """A click as slow as a person's: the button stays down for a while."""
+        self._mouse(control, at, "mousedown", "1", "sleep", str(seconds), "mouseup", "1")
+
     def move_mouse(self, control, at=None):
         self._mouse(control, at)
 
@@ -178,6 +182,11 @@ class Desktop(WineDesktop):
         """Real keys for what the keyboard has, else the characters themselves. The program handles them a
         little later: wait for what they lead to."""
         self.driver.call("type", text)
+
+    def paste(self, text):
+        """By the clipboard and Ctrl+V, into what has the focus."""
+        self.set_clipboard(text)
+        self.press("Ctrl+V")
 
     def press(self, combination):
         """A key or a chord: "Enter", "F1", "Alt+S", "Ctrl+Shift+Home"."""
@@ -220,6 +229,33 @@ class Desktop(WineDesktop):
         found = self.driver.call("list_key", *windows_registry.split_key(key))
         return tuple([name for kind, name in found if kind == wanted] for wanted in ("key", "value"))
 
+    # What a person can't ask for ---------------------------------------------------------------------------
+
+    def pointer(self, window):
+        """The mouse pointer that a program shows: "arrow", "text", "wait" or "other"."""
+        return self.driver.call("pointer", window.handle)[0][0]
+
+    def window_icon(self, window, size):
+        """(handle, width, height) of the small (0) or large (1) icon, or None."""
+        found = self.driver.call("window_icon", window.handle, size)
+        return tuple(map(int, found[0])) if found else None
+
+    def call_in(self, window, library, function, *numbers):
+        """What a function of a system library returns in the program that owns the window."""
+        return self.driver.number("call", window.handle, library, function, *numbers)
+
+    def set_clipboard(self, text):
+        self.driver.call("clipboard", text)
+
+    def set_colour(self, window, index, colour):
+        """A colour of the system, 0x00BBGGRR, set in the program that owns the window: Wine tells no other one.
+        Its windows hear of it."""
+        memory = self.call_in(window, "kernel32.dll", "GlobalAlloc", 0x40, 8)
+        for place, number in ((memory, index), (memory + 4, colour)):
+            self.call_in(window, "ntdll.dll", "RtlFillMemoryUlong", place, 4, number)
+        self.call_in(window, "user32.dll", "SetSysColors", 1, memory, memory + 4)
+        self.call_in(window, "kernel32.dll", "GlobalFree", memory)
+
     # Session and pictures ---------------------------------------------------------------------------------
 
     def guard_session(self):
@@ -229,6 +265,14 @@ class Desktop(WineDesktop):
     def session_endings(self):
         """How often the end of the session was asked for."""
         return self.driver.number("endings")
+
+    def pixels(self, area):
+        """{(x, y): (red, green, blue)} of a rectangle on the screen, counted from its corner."""
+        place = "%dx%d+%d+%d" % (area.width, area.height, area.left, area.top)
+        command = ["import", "-display", self.display, "-window", "root", "-crop", place, "+repage", "-depth", "8",
+                   "rgb:-"]
+        raw = subprocess.run(command, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE).stdout
+        return {(n // 3 % area.width, n // 3 // area.width): tuple(raw[n:n + 3]) for n in range(0, len(raw), 3)}
 
     def picture(self, path, window=None):
         """Leaves a PNG of the screen or of a window with its frame, once it stands still."""

@@ -29,3 +29,12 @@ class DesktopCase(unittest.TestCase):
     def picture(self, name, window=None):
         """Leaves out/desktop/<name>.png."""
         self.desktop.picture(PICTURES / (name + ".png"), window)
+
+
+def run_at(test, case):
+    """Runs a case with a desktop of its own within a test; its failures are the test's."""
+    result = unittest.TestResult()
+    unittest.TestSuite([case]).run(result)
+    if result.skipped:
+        test.skipTest(result.skipped[0][1])
+    test.assertEqual([text for _, text in result.errors + result.failures], [])

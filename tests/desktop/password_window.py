@@ -1,6 +1,7 @@
 """The password window of Moorlink.exe as a person uses it: filled in by keys, clicked by mouse, read from outside."""
 
 from desktop import OUT
+from records import Rectangle
 from waiting import wait_until
 
 PROGRAM = OUT / "program" / "Moorlink.exe"
@@ -11,6 +12,7 @@ USER_LABEL, USER, STATUS, SAME, OLD_LABEL, OLD, TARGETS = range(100, 107)
 NEW_LABEL, NEW, CONFIRM_LABEL, CONFIRM, WAIT, SETTINGS_BUTTON, OK, CANCEL = range(107, 115)
 
 REG_MULTI_SZ = 7
+LB_GETITEMHEIGHT = 0x01A1
 
 TITLE = "Change Password"
 TITLE_DURING = "Changing Password"
@@ -66,6 +68,51 @@ class PasswordWindow:
     def rows(self):
         """The targets, without their masks."""
         return [row.text.split("\t")[0] for row in self.desktop.rows(self.control(TARGETS))]
+
+    def masks(self):
+        """What each row shows behind the target's name, "" where it shows nothing."""
+        return [row.text.partition("\t")[2] for row in self.desktop.rows(self.control(TARGETS))]
+
+    def row_area(self, row):
+        """Where a row lies on the screen, shown or not."""
+        targets_list = self.control(TARGETS)
+        area = self.desktop.client_area(targets_list)
+        height = self.desktop.send(targets_list, LB_GETITEMHEIGHT)
+        top = area.top + (row - self.desktop.list_state(targets_list)[1]) * height
+        return Rectangle(area.left, top, area.right, top + height)
+
+    def box_area(self):
+        """Where the box for the old password lies on the screen, or None while it is hidden."""
+        box = self.control(OLD)
+        return self.desktop.client_area(box) if box.visible else None
+
+    def click_row(self, row):
+        """On its name."""
+        area, targets_list = self.row_area(row), self.control(TARGETS)
+        top = self.desktop.client_area(targets_list).top
+        self.desktop.click(targets_list, at=(20, area.top - top + area.height // 2))
+
+    def wait_edit(self, row):
+        """Waits until the box lies over the mask of a row and has the focus."""
+        def found():
+            area, box = self.row_area(row), self.box_area()
+            return (self.desktop.list_state(self.control(TARGETS))[0] == row and box is not None
+                    and (box.top, box.right, box.bottom) == (area.top, area.right, area.bottom))
+        wait_until(found, "the box over row %d" % row)
+        self.desktop.wait_focus(self.window, OLD)
+
+    def type_old(self, words):
+        """Into the box that has the focus."""
+        self.desktop.type(words)
+        self.wait_length(OLD, len(words.encode("utf-16-le")) // 2)
+
+    def type_new(self, words):
+        """Into both boxes, each clicked first."""
+        for identifier in (NEW, CONFIRM):
+            self.click(identifier)
+            self.desktop.wait_focus(self.window, identifier)
+            self.desktop.type(words)
+            self.wait_length(identifier, len(words.encode("utf-16-le")) // 2)
 
     def click(self, identifier):
         self.desktop.click(self.control(identifier))

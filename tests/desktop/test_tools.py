@@ -28,6 +28,8 @@ class WindowTools(DesktopCase):
     def setUp(self):
         self.program = self.desktop.start(PROGRAM)
         self.window = self.desktop.wait_window(class_name="frmTest", pid=self.program.pid)
+        # A key that is pressed earlier goes to nobody.
+        wait_until(lambda: self.desktop.input_state(self.window).focus, "the window with the focus")
 
     def control(self, identifier):
         return self.desktop.child(self.window, identifier)

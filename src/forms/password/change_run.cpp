@@ -86,6 +86,8 @@ void frmPass::RunChange(ControlStates& states) {
         if (IsUnloaded())
             return;
         failed = !ChangeTarget(row, single_old_pass) || failed;
+        if (IsUnloaded())
+            return;
     }
     ShowOutcome(states, failed);
 }
@@ -125,6 +127,8 @@ bool frmPass::ChangeTarget(int row, const String& sSingleOldPass) {
     }
     String sError;
     const bool changed = ChangeOn(target, old_pass, new_pass, sError) == 0;
+    if (IsUnloaded())
+        return changed;
     AppendStatus(changed ? LoadMessage(326, {target}) : LoadMessage(327, {target, sError}));
     return changed;
 }
@@ -136,10 +140,14 @@ std::int32_t frmPass::ChangeOn(const String& sTarget, const String& sOldPass, co
     const bool local = IsLocalComputer(sTarget);
     const String server = local ? String() : sTarget;
     std::int32_t result = ADChangePassword(sOldPass, sNewPass, server, sError);
-    if (result == kNoDirectoryObject)
+    // A directory that answers slowly may have handled events meanwhile: no call follows a closed window.
+    if (result == kNoDirectoryObject && !IsUnloaded())
         result = ChangePassword(sOldPass, sNewPass, server, sError);
-    if (result == 0 && (local || platform::CompareText(sTarget, gDomainName) == 0))
+    if (result == 0 && (local || platform::CompareText(sTarget, gDomainName) == 0)) {
         mLogOffOnExit = true;
+        if (IsUnloaded())
+            LogOff();
+    }
     return result;
 }
 

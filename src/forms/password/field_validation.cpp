@@ -6,6 +6,7 @@
 #include "runtime/conversions.h"
 #include "shell/messages.h"
 #include "shell/program_state.h"
+#include "window_services/theme_colours.h"
 
 #include <algorithm>
 
@@ -26,10 +27,25 @@ void frmPass::txtOldPass_Change() {
         UpdateOkButton();
 }
 
+void frmPass::txtNewPass_FocusChange() {
+    ApplyTextBoxColors(txtNewPass, *this);
+}
+
+void frmPass::txtConfirm_FocusChange() {
+    ApplyTextBoxColors(txtConfirm, *this);
+}
+
 /// There is something to do with a new password, or with an old one alone; what is wrong with them is told
 /// at the click.
 void frmPass::UpdateOkButton() {
-    cmdOK.SetEnabled(!txtNewPass.Text().empty() || (chkSame.Value() != 0 && !txtOldPass.Text().empty()));
+    if (!txtNewPass.Text().empty())
+        cmdOK.SetEnabled(true);
+    else if (chkSame.Value() != 0)
+        cmdOK.SetEnabled(!txtOldPass.Text().empty());
+    else if (txtOldPass.Visible())
+        cmdOK.SetEnabled(static_cast<std::int32_t>(txtOldPass.Text().size()) + mOtherPassLength > 0);
+    else
+        cmdOK.SetEnabled(StoredPassLength() != 0);
 }
 
 bool frmPass::PassesChecks(const ControlStates& states) {
@@ -38,6 +54,8 @@ bool frmPass::PassesChecks(const ControlStates& states) {
         return false;
     }
     const std::int32_t required = GetRequiredLength();
+    if (IsUnloaded())
+        return false;
     if (static_cast<std::int64_t>(txtNewPass.Text().size()) < required) {
         const String noun = gLocalizer->GetPluralText(kCharacterNoun, required);
         RejectNewPassword(LoadMessage(328, {DecimalText(required), noun}), states);
@@ -59,7 +77,7 @@ void frmPass::RejectNewPassword(const String& sMessage, const ControlStates& sta
 
 std::int32_t frmPass::GetRequiredLength() const {
     std::int32_t required = 0;
-    for (int row = 0; row < lstOldPass.ListCount(); ++row) {
+    for (int row = 0; row < lstOldPass.ListCount() && !IsUnloaded(); ++row) {
         const String name = TargetName(row);
         required = std::max(required, GetMinPwdLength(name.starts_with(u' ') ? String() : name));
     }

@@ -5,10 +5,12 @@
 #include "localization/language_resolution.h"
 #include "localization/text_application.h"
 #include "platform/process.h"
+#include "platform/visual_style.h"
 #include "runtime/conversions.h"
 #include "shell/messages.h"
 #include "shell/program_state.h"
 #include "window_services/keyboard_cues.h"
+#include "window_services/theme_colours.h"
 
 namespace kestrelmoor {
 
@@ -35,11 +37,24 @@ void frmPass::ConnectHandlers() {
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { cmdCancel_Click(); };
     txtNewPass.Change = [this] { txtNewPass_Change(); };
+    txtNewPass.GotFocus = txtNewPass.LostFocus = [this] { txtNewPass_FocusChange(); };
+    txtConfirm.GotFocus = txtConfirm.LostFocus = [this] { txtConfirm_FocusChange(); };
     txtOldPass.Change = [this] { txtOldPass_Change(); };
+    txtOldPass.GotFocus = [this] { txtOldPass_GotFocus(); };
+    txtOldPass.LostFocus = [this] { txtOldPass_LostFocus(); };
+    txtOldPass.KeyDown = [this](int& KeyCode, int /*Shift*/) { txtOldPass_KeyDown(KeyCode); };
+    lstOldPass.GotFocus = [this] { lstOldPass_GotFocus(); };
+    lstOldPass.Click = [this] { lstOldPass_Click(); };
+    lstOldPass.Scroll = [this] { lstOldPass_Scroll(); };
 }
 
 void frmPass::Form_Initialize() {
     ReadKeyboardCues();
+    if (gPassFormCount == 0) {
+        platform::InitCommonControls();
+        if (!gKeyboardCues)
+            InstallCueHooks();
+    }
     ++gPassFormCount;
 }
 
@@ -51,6 +66,8 @@ void frmPass::Form_Load() {
     mOldPassHeight = txtOldPass.Height();
     lstOldPass.SetTabStops({kMaskColumn});
     ApplyTexts();
+    UpdateThemeState();
+    UpdateUI();
     mCueShown = !gKeyboardCues;
     ReapplyCues();
     chkSame_Click();
@@ -62,19 +79,29 @@ void frmPass::Form_Load() {
     cmdOK.SetEnabled(false);
     // A hidden control can't take the focus.
     Show();
+    if (IsUnloaded())
+        return;
     if (chkSame.Value() != 0)
         txtOldPass.SetFocus();
     else
         lstOldPass.SetFocus();
+    SubclassWindow();
 }
 
 void frmPass::Form_Unload() {
+    UnsubclassWindow();
     if (mLogOffOnExit)
-        platform::ExitWindowsEx(0, 0);
+        LogOff();
+}
+
+void frmPass::LogOff() {
+    platform::ExitWindowsEx(0, 0);
 }
 
 void frmPass::Form_Terminate() {
     --gPassFormCount;
+    if (gPassFormCount == 0)
+        RemoveCueHooks();
 }
 
 void frmPass::Form_KeyDown(int& KeyCode, int /*Shift*/) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "forms/password/password_collection.h"
+#include "platform/window_messages.h"
 #include "runtime/forms/form.h"
 #include "window_services/ICue.h"
+#include "window_services/IRedirect.h"
+#include "window_services/IThemed.h"
 
 #include <cstdint>
 #include <map>
+#include <unordered_set>
 
 namespace kestrelmoor {
 
@@ -13,14 +17,21 @@ namespace kestrelmoor {
 /// and says for each what became of it. Every opening is a new instance, and what was typed ends with it.
 ///
 /// Where to look: the controls and their places in frmPass_design.cpp, the life of the window and its two
-/// modes in frmPass.cpp, the list of targets in old_password_list.cpp, the guard on the button and the checks
-/// in field_validation.cpp, the click on OK and the run in change_run.cpp.
-class frmPass : public Form, public ICue {
+/// modes in frmPass.cpp, the list of targets in old_password_list.cpp and the box over its rows in
+/// row_edit.cpp, the guard on the button and the checks in field_validation.cpp, the click on OK and the run
+/// in change_run.cpp, the messages of its window in frmPass_messages.cpp.
+class frmPass : public Form, public ICue, public IRedirect, public IThemed {
   public:
     frmPass();
 
     void ICue_Cue() override;
     void ICue_UnCue() override;
+    void UpdateUI() override;
+    void WndProc(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam, std::intptr_t lParam,
+                 std::intptr_t& result) override;
+
+    /// Takes a target out of the list, if it is there; with fewer than two left the single mode is on.
+    void RemoveTarget(const String& sName);
 
   protected:
     void Form_Initialize() override;
@@ -46,15 +57,35 @@ class frmPass : public Form, public ICue {
     void EnterListMode();
     void cmdSettings_Click();
     void cmdCancel_Click();
+    static void LogOff();
 
     // old_password_list.cpp
     void LoadTargets();
-    void AddTarget(const String& sName);
+    void AddTarget(const String& sName, bool bAtTop);
+    bool EndEditInTime();
     int FindTarget(const String& sName) const;
     String TargetName(int row) const;
+    void SetTargetMask(int row, std::int32_t nLength);
+    void RefreshMasks();
+    std::int32_t StoredPassLength() const;
+
+    // row_edit.cpp
+    void lstOldPass_GotFocus();
+    void lstOldPass_Click();
+    void lstOldPass_Scroll();
+    void BeginRowEdit();
+    void txtOldPass_GotFocus();
+    void txtOldPass_LostFocus();
+    void txtOldPass_KeyDown(int& KeyCode);
+
+    // frmPass_messages.cpp
+    void SubclassWindow();
+    void UnsubclassWindow();
 
     // field_validation.cpp
     void txtNewPass_Change();
+    void txtNewPass_FocusChange();
+    void txtConfirm_FocusChange();
     void txtOldPass_Change();
     void UpdateOkButton();
     bool PassesChecks(const ControlStates& states);
@@ -89,14 +120,18 @@ class frmPass : public Form, public ICue {
     CommandButton& cmdOK;
     CommandButton& cmdCancel;
 
-    bool mCueShown = false;           ///< keyboard cues are shown on this window
-    bool mLogOffOnExit = false;       ///< log off at Unload
-    bool mRunDone = false;            ///< the run has started
-    PasswordCollection mOldPasswords; ///< old password per target
-    String mSavedOldPass;             ///< the single mode's old password while the list mode is on
-    Twips mOldPassTop = 0;            ///< the place of txtOldPass on the form itself
+    bool mCueShown = false;              ///< keyboard cues are shown on this window
+    bool mLogOffOnExit = false;          ///< log off at Unload
+    bool mRunDone = false;               ///< the run has started
+    PasswordCollection mOldPasswords;    ///< old password per target
+    std::unordered_set<String> mTargets; ///< names of all rows, with their case folded
+    String mSavedOldPass;                ///< the single mode's old password while the list mode is on
+    Twips mOldPassTop = 0;               ///< the place of txtOldPass on the form itself
     Twips mOldPassWidth = 0;
     Twips mOldPassHeight = 0;
+    std::int16_t mEditIndex = 0;       ///< the row whose old password txtOldPass holds
+    std::int32_t mOtherPassLength = 0; ///< length of all stored old passwords but that one
+    platform::PreviousProcedure mPrevWndProc = 0;
 };
 
 } // namespace kestrelmoor

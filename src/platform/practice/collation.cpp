@@ -8,6 +8,10 @@ int CompareText(StringView a, StringView b) {
     return practice::CompareInRowOrder(a, b);
 }
 
+String FoldCase(StringView text) {
+    return practice::RowOrderKey(text);
+}
+
 int CompareRows(StringView a, StringView b) {
     return practice::CompareInRowOrder(a, b);
 }

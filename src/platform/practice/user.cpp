@@ -1,6 +1,9 @@
 #include "platform/practice/user.h"
 
+#include "platform/practice/hooks.h"
+#include "platform/practice/list_views.h"
 #include "platform/practice/window_manners.h"
+#include "platform/practice/window_places.h"
 #include "runtime/forms/application.h"
 
 namespace kestrelmoor::practice {
@@ -10,6 +13,9 @@ namespace {
 // The key code that stands for a character without a key of its own.
 constexpr int kPacket = 231;
 constexpr int kLeftButton = 1;
+constexpr int kShiftKey = 16;
+constexpr int kCtrlKey = 17;
+constexpr int kAltKey = 18;
 
 bool IsLetterOrDigitKey(int key) {
     return (key >= u'A' && key <= u'Z') || (key >= u'0' && key <= u'9');
@@ -45,7 +51,7 @@ void Deliver(Form& form, int key, char16_t character) {
         TakeCharacter(*control, character);
 }
 
-bool PressWithCharacter(int key, int shift, char16_t character) {
+bool TakeKeyDown(int key, int shift, char16_t character) {
     Form* const front = FrontForm();
     if (front == nullptr)
         return false;
@@ -59,14 +65,42 @@ bool PressWithCharacter(int key, int shift, char16_t character) {
     return true;
 }
 
+/// What happens while a key is down. The hook sees it go down and up.
+template <class Action>
+bool WhileDown(int key, const Action& action) {
+    bool taken = false;
+    {
+        const Held held(key);
+        RunKeyboardHook(key, false);
+        taken = action();
+    }
+    RunKeyboardHook(key, true);
+    return taken;
+}
+
+/// The keys of the shift state go down ahead of the key and come up behind it.
+bool PressWithCharacter(int key, int shift, char16_t character, int remaining) {
+    for (const auto& [mask, held] : {std::pair(key::kShiftMask, kShiftKey),
+                                     std::pair(key::kCtrlMask, kCtrlKey), std::pair(key::kAltMask, kAltKey)})
+        if ((remaining & mask) != 0)
+            return WhileDown(held, [&, rest = remaining & ~mask] {
+                return PressWithCharacter(key, shift, character, rest);
+            });
+    return WhileDown(key, [&] { return TakeKeyDown(key, shift, character); });
+}
+
+bool PressWithCharacter(int key, int shift, char16_t character) {
+    return FrontForm() != nullptr && PressWithCharacter(key, shift, character, shift);
+}
+
 bool CanBeClicked(const Control& control) {
     const Form& form = control.Parent();
     return form.Visible() && form.InputEnabled() && control.IsUsable();
 }
 
-// The press of the button: the window takes it, and moves the focus itself. False: the press was swallowed.
+// The window takes the press, and moves the focus itself. False: the press was swallowed.
 template <class TakesPress>
-bool PressMouse(Control& control, const TakesPress& takes_press) {
+bool TakeMouseDown(Control& control, const TakesPress& takes_press) {
     Form& form = control.Parent();
     Application::Current().SetActiveForm(&form);
     if (!form.MayMoveFocus(&control))
@@ -78,15 +112,42 @@ bool PressMouse(Control& control, const TakesPress& takes_press) {
     return form.IsLoaded();
 }
 
-bool PressRow(RowControl& list, int row) {
-    if (!PressMouse(list, [&list, row] { list.RowPressed(row); }))
-        return false;
-    list.RowChosen(row);
-    return true;
+// The press and the release of the button, as far as the hook is concerned.
+template <class TakesPress>
+bool PressMouse(Control& control, const TakesPress& takes_press) {
+    const platform::ScreenPoint point = Middle(control);
+    RunMouseHook(mouse_message::kMove, point);
+    bool taken = false;
+    {
+        const Held held(kLeftButton);
+        RunMouseHook(mouse_message::kLeftDown, point);
+        taken = TakeMouseDown(control, takes_press);
+    }
+    RunMouseHook(mouse_message::kLeftUp, point);
+    return taken;
 }
 
 bool CanBeChosen(const RowControl& list, int row) {
     return CanBeClicked(list) && row >= 0 && row < list.ListCount();
+}
+
+/// Scrolls to a row of which nothing is to be seen, and once more where a handler has scrolled back.
+void BringIntoView(RowControl& list, int row) {
+    auto* const rows = dynamic_cast<ListBox*>(&list);
+    for (int attempt = 0; rows && !ListViews::Current().ShowsPartOf(*rows, row) && attempt < 2; ++attempt) {
+        ListViews::Current().Reveal(*rows, row);
+        ListViews::Current().Tell(*rows);
+    }
+}
+
+bool PressRow(RowControl& list, int row) {
+    BringIntoView(list, row);
+    if (!CanBeChosen(list, row))
+        return false;
+    if (!PressMouse(list, [&list, row] { list.RowPressed(row); }))
+        return false;
+    list.RowChosen(row);
+    return true;
 }
 
 } // namespace
@@ -120,6 +181,22 @@ bool User::ChooseRow(RowControl& list, int row) {
         return false;
     const std::shared_ptr<Form> form = list.Parent().shared_from_this();
     PressRow(list, row);
+    return true;
+}
+
+bool User::ScrollTo(ListBox& list, int top_row) {
+    if (!CanBeClicked(list))
+        return false;
+    const std::shared_ptr<Form> form = list.Parent().shared_from_this();
+    ListViews::Current().ScrollTo(list, top_row);
+    ListViews::Current().Tell(list);
+    return true;
+}
+
+bool User::MoveMouse(int x, int y) {
+    if (FrontForm() == nullptr)
+        return false;
+    RunMouseHook(mouse_message::kMove, {x, y});
     return true;
 }
 

@@ -20,8 +20,15 @@ class User {
     /// A click of the left button in the middle of the control, which comes to front with its form.
     bool ClickOn(Control& control);
 
-    /// A click on a row of a list, or the choice of one in a drop-down list.
+    /// A click on a row of a list, which is scrolled to it first where it is out of view, or the choice of
+    /// one in a drop-down list.
     bool ChooseRow(RowControl& list, int row);
+
+    /// The window of a list is scrolled so that the row stands at its top, or as near as its rows reach.
+    bool ScrollTo(ListBox& list, int top_row);
+
+    /// The pointer goes to a place on the screen, in pixels, over the form in front.
+    bool MoveMouse(int x, int y);
 
     /// A click on the check mark of a row.
     bool ToggleRow(ListBox& list, int row);

@@ -1,5 +1,6 @@
 #include "platform/practice/window_manners.h"
 
+#include "platform/practice/list_views.h"
 #include "runtime/forms/application.h"
 
 #include <algorithm>
@@ -81,8 +82,14 @@ void TakeEditCharacter(TextBox& box, char16_t character) {
 
 void GoToRow(RowControl& list, int row) {
     const int target = std::clamp(row, 0, list.ListCount() - 1);
-    if (target != list.ListIndex())
-        list.RowChosen(target);
+    if (target == list.ListIndex())
+        return;
+    auto* const rows = dynamic_cast<ListBox*>(&list);
+    if (rows)
+        ListViews::Current().Reveal(*rows, target);
+    list.RowChosen(target);
+    if (rows)
+        ListViews::Current().Tell(*rows);
 }
 
 void TakeListKey(RowControl& list, int nKeyCode) {

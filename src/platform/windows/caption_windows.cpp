@@ -50,7 +50,12 @@ void LabelWindow::ShowPlace() {
     for (const auto& other : Model().Parent().Controls())
         if (IsBox(*other) && other->Visible() && other->Container() == Model().Container())
             EndAt(PixelPlace(*other), place);
+    RECT before{};
+    ::GetWindowRect(Handle(), &before);
     PutAt(place);
+    // Words that were broken at the old width would stay on the screen.
+    if (before.right - before.left != place.right - place.left)
+        Repaint();
 }
 
 HBRUSH LabelWindow::Colours(HDC context, UINT question) const {

@@ -30,6 +30,7 @@ EditWindow::EditWindow(FormWindow& form, TextBox& box)
     : ControlWindow(form, box, {L"EDIT", EditStyle(box), BorderOf(box)}) {
     const Quiet quiet(*this);
     Send(EM_LIMITTEXT, kNoLimit);
+    ShowMargins();
     ShowMask();
     ShowText();
     ShowSelection();
@@ -77,6 +78,18 @@ void EditWindow::ShowBorder() const {
     ::SetWindowLongW(Handle(), GWL_EXSTYLE, static_cast<LONG>(others | BorderOf(Box())));
     ::SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
                    SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    ShowMargins();
+}
+
+// A box without a border lies over other text, and its own is to stand in line with that.
+void EditWindow::ShowMargins() const {
+    const WORD margin = Box().BorderStyle() == 0 ? 0 : EC_USEFONTINFO;
+    Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(margin, margin));
+}
+
+void EditWindow::ShowFont() {
+    ControlWindow::ShowFont();
+    ShowMargins();
 }
 
 // Not every system has input methods.

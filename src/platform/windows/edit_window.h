@@ -16,12 +16,16 @@ class EditWindow : public ControlWindow {
     void Notified(int code) override;
     HBRUSH Colours(HDC context, UINT question) const override;
 
+  protected:
+    void ShowFont() override;
+
   private:
     TextBox& Box() const { return static_cast<TextBox&>(Model()); }
     void ShowText();
     void ShowSelection() const;
     void ShowMask() const;
     void ShowBorder() const;
+    void ShowMargins() const;
     void TurnInputMethodOff() const;
     String WindowText() const;
 };

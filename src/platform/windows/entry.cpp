@@ -14,6 +14,7 @@ void RunProgram() {
     Application::Current().SetDesktop(&platform::TheDesktop());
     Main();
     Application::Current().Run();
+    Application::Current().UnloadAll();
 }
 
 /// From here on what libraries need comes from the system's folder and never from the program's. Older

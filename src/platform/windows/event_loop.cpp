@@ -30,8 +30,11 @@ void HandlePendingMessages() {
 
 bool HandleNextMessage() {
     MSG message{};
-    if (::GetMessageW(&message, nullptr, 0, 0) <= 0)
+    if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {
+        // Each loop that waits on another one ends by it.
+        ::PostQuitMessage(static_cast<int>(message.wParam));
         return false;
+    }
     HandleMessage(message);
     return true;
 }

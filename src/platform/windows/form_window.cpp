@@ -1,5 +1,6 @@
 #include "platform/windows/form_window.h"
 
+#include "platform/visual_style.h"
 #include "platform/windows/colours.h"
 #include "platform/windows/control_factory.h"
 #include "platform/windows/control_window.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr DWORD kStyle = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr WORD kProgramIcon = 1;
+constexpr std::uint32_t kIconSizes[] = {ICON_SMALL, ICON_BIG};
 
 DWORD ExtendedStyle(const Form& form) {
     return kExtendedStyle | (form.ShownInTaskBar() ? WS_EX_APPWINDOW : 0U);
@@ -68,9 +70,13 @@ FormWindow::FormWindow(Form& form) : mForm(form) {
     ShowSize();
 }
 
+// What the form has put in front of this procedure or given to the window ends with the form.
 FormWindow::~FormWindow() {
     RemoveFormWindow(*this);
+    ::SetWindowLongW(Handle(), GWL_WNDPROC, reinterpret_cast<LONG>(&FormWindow::Procedure));
     ::SetWindowLongW(Handle(), GWL_USERDATA, 0);
+    for (const std::uint32_t size : kIconSizes)
+        SetWindowIcon(reinterpret_cast<WindowHandle>(Handle()), size, {});
     DestroyWhenIdle(std::move(mWindow));
 }
 

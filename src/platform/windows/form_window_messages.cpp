@@ -21,6 +21,24 @@ bool PointsInto(HWND window) {
     return under == window || ::IsChild(window, under);
 }
 
+struct Message {
+    UINT number;
+    WPARAM wide;
+    LPARAM parameter;
+};
+
+BOOL CALLBACK TellWindow(HWND window, LPARAM given) noexcept {
+    const auto& message = *reinterpret_cast<const Message*>(given);
+    ::SendMessageW(window, message.number, message.wide, message.parameter);
+    return TRUE;
+}
+
+/// A change of the system's look is told to windows at the top alone; what they hold hears of it here.
+void PassOn(HWND window, const Message& message) {
+    ::EnumChildWindows(window, &TellWindow, reinterpret_cast<LPARAM>(&message));
+    ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 /// Timers go by the addresses of their controls.
 kestrelmoor::Timer* TimerOf(const Form& form, WPARAM identifier) {
     for (const auto& control : form.Controls())
@@ -61,6 +79,10 @@ LRESULT FormWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
         return 0;
     case WM_HELP:
         return TRUE;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        PassOn(Handle(), {message, wide, parameter});
+        break;
     case kSettle:
         Settle();
         return 0;

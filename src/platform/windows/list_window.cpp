@@ -1,3 +1,4 @@
+#include "platform/windows/dialog_units.h"
 #include "platform/windows/row_windows.h"
 
 #include <utility>
@@ -87,7 +88,12 @@ void ListWindow::HoldDrawing() {
     if (std::exchange(mDrawingHeld, true))
         return;
     Send(WM_SETREDRAW, FALSE);
-    ::PostMessageW(Handle(), kModelDone, 0, 0);
+    PostDone();
+}
+
+void ListWindow::PostDone() {
+    if (!std::exchange(mDonePosted, true))
+        ::PostMessageW(Handle(), kModelDone, 0, 0);
 }
 
 void ListWindow::DrawAgain() {
@@ -104,13 +110,17 @@ void ListWindow::ShowFont() {
 }
 
 void ListWindow::ShowTabStops() const {
-    Send(LB_SETTABSTOPS, List().TabStops().size(), reinterpret_cast<LPARAM>(List().TabStops().data()));
+    const std::vector<int> stops = StopsForFont(Handle(), List().TabStops());
+    Send(LB_SETTABSTOPS, stops.size(), reinterpret_cast<LPARAM>(stops.data()));
     Repaint();
 }
 
 LRESULT ListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     const HWND window = Handle();
     if (message == kModelDone)
+        mDonePosted = false;
+    // A list that doesn't draw neither shows nor hides its scroll bar, so its rows' widths are not yet true.
+    if (message == kModelDone || message == LB_GETITEMRECT)
         DrawAgain();
     const LRESULT result = RowWindow::Process(message, wide, parameter);
     if (IsPress(message) && ControlWindow::Of(window) == this)
@@ -118,7 +128,7 @@ LRESULT ListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     if (!MayScroll(message) || ControlWindow::Of(window) != this || TopRow() == List().TopIndex())
         return result;
     if (IsQuiet())
-        ::PostMessageW(window, kModelDone, 0, 0);
+        PostDone();
     else
         List().Scrolled(TopRow());
     return result;

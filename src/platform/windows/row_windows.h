@@ -56,10 +56,12 @@ class ListWindow : public RowWindow {
     ListBox& List() const { return static_cast<ListBox&>(Model()); }
     void ShowTabStops() const;
     void HoldDrawing();
+    void PostDone();
     void DrawAgain();
     int TopRow() const { return static_cast<int>(Send(LB_GETTOPINDEX)); }
 
     bool mDrawingHeld = false;
+    bool mDonePosted = false;
 };
 
 class ComboWindow : public RowWindow {

@@ -123,7 +123,7 @@ class RowControl : public Control {
     int NewIndex() const { return mNewIndex; }      ///< where the last row went, -1 after a removal
     void AddItem(const String& text, int row = -1); ///< -1: at its place, or at the end if not sorted
     void RemoveItem(int row); ///< 5 for a row that is not there; the current row's end leaves none, no Click
-    void Clear();
+    virtual void Clear();
     bool Sorted() const { return mSorted; }
 
     /// The mouse went down on a row: it is the current one ahead of the focus events that the press brings.
@@ -169,6 +169,7 @@ class ListBox : public RowControl {
     void SetTabStops(std::vector<int> stops);
 
     int TopIndex() const { return mTopIndex; } ///< as the window last told
+    void Clear() override;                     ///< the first row is on top again, which is no Scroll
     void Scrolled(int top_row);                ///< the window shows another top row now: raises Scroll
 
     Handler<int> ItemCheck; ///< the row

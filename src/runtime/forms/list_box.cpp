@@ -27,6 +27,11 @@ void ListBox::SetTabStops(std::vector<int> stops) {
     Show(Property::TabStops);
 }
 
+void ListBox::Clear() {
+    mTopIndex = 0;
+    RowControl::Clear();
+}
+
 void ListBox::Scrolled(int top_row) {
     if (mTopIndex == top_row)
         return;

@@ -103,6 +103,9 @@ int RowControl::PlaceFor(StringView text) const {
     if (!mSorted)
         return ListCount();
     const Application& application = Application::Current();
+    // Names that come in order, as they are stored, go to the end without a search.
+    if (mRows.empty() || application.CompareRows(text, mRows.back()->text) >= 0)
+        return ListCount();
     const auto place = std::upper_bound(mRows.begin(), mRows.end(), text,
                                         [&application](StringView added, const std::unique_ptr<Row>& row) {
                                             return application.CompareRows(added, row->text) < 0;

@@ -49,6 +49,14 @@ Answer FindLayoutFaults(const Arguments&); ///< (window) kind, handle, other han
 // box.cpp
 Answer ReadBoxIcon(const Arguments&); ///< (message box) error, question, warning, information or none
 
+// session_state.cpp
+Answer ReadPointer(const Arguments&);    ///< (window of the program that shows it) arrow, text, wait or other
+Answer CallInProgram(const Arguments&);  ///< (window of the program, library, function, up to four numbers)
+                                         ///  what the function returns there
+Answer ReadWindowIcon(const Arguments&); ///< (window, 0 small or 1 large) handle, width, height; no record
+                                         ///  when there is none
+Answer PutOnClipboard(const Arguments&); ///< (text)
+
 // registry.cpp; root is HKCU, HKLM or HKCR, bytes are hexadecimal
 Answer ReadValue(const Arguments&);   ///< (root, key, name) type, bytes; no record when absent
 Answer WriteValue(const Arguments&);  ///< (root, key, name, type, bytes)

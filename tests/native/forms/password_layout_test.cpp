@@ -87,9 +87,9 @@ TEST_F(PasswordLayout, ClearingTheCheckBoxShowsTheListAndMovesTheRestDown) {
 
 TEST_F(PasswordLayout, SwitchingBackAndForthEndsInTheSamePlaces) {
     for (int turn = 0; turn < 3; ++turn) {
-        Same().SetValue(0);
+        user.ClickOn(Same());
         ExpectListMode();
-        Same().SetValue(1);
+        user.ClickOn(Same());
         ExpectSingleMode();
     }
 }
@@ -129,7 +129,9 @@ TEST_F(PasswordLayout, TheLabelNamesTheOldPasswordsOfTheMode) {
 TEST_F(PasswordLayout, TheListIsThereBeforeTheBoxGoesSoThatTheFocusStaysWithTheOldPasswords) {
     ASSERT_EQ(form->ActiveControl(), &At(u"txtOldPass"));
     Same().SetValue(0);
-    EXPECT_EQ(form->ActiveControl(), &At(u"lstOldPass"));
+    EXPECT_EQ(form->ActiveControl(), &At(u"txtOldPass")) << "over the first row now";
+    EXPECT_EQ(List().ListIndex(), 0);
+    EXPECT_EQ(At(u"txtOldPass").Top(), 1350);
 }
 
 TEST_F(PasswordLayout, TheListIsShownOrHiddenAheadOfTheBox) {

@@ -61,31 +61,31 @@ TEST_F(PasswordLife, ListsTheActiveServersAndTheLocalComputerInTheListsOrder) {
     Configure({u"PRACTICE", u"\\\\ARCHIVE", u"\\\\SPARE"}, true);
     gActiveBits = Array<std::uint8_t>(1, {0x03});
     Open();
-    EXPECT_EQ(Rows(), (Lines{" This computer", "\\\\ARCHIVE", "PRACTICE"}));
+    EXPECT_EQ(Targets(), (Lines{" This computer", "\\\\ARCHIVE", "PRACTICE"}));
 }
 
 TEST_F(PasswordLife, LeavesTheLocalComputerOutWhereItTakesNoPart) {
     Configure({u"PRACTICE"}, false);
     Open();
-    EXPECT_EQ(Rows(), Lines{"PRACTICE"});
+    EXPECT_EQ(Targets(), Lines{"PRACTICE"});
 }
 
 TEST_F(PasswordLife, ReadsTheBitsOfServersBeyondTheEighth) {
     Configure({u"A", u"B", u"C", u"D", u"E", u"F", u"G", u"H", u"I", u"J"}, false);
     gActiveBits = Array<std::uint8_t>(1, {0x80, 0x02});
     Open();
-    EXPECT_EQ(Rows(), (Lines{"H", "J"}));
+    EXPECT_EQ(Targets(), (Lines{"H", "J"}));
 }
 
 TEST_F(PasswordLife, ServersThatDifferOnlyInCaseShareARow) {
     Configure({u"\\\\ARCHIVE", u"\\\\archive", u"co-op", u"coop"}, false);
     Open();
-    EXPECT_EQ(Rows(), (Lines{"\\\\ARCHIVE", "coop", "co-op"}));
+    EXPECT_EQ(Targets(), (Lines{"\\\\ARCHIVE", "coop", "co-op"}));
 }
 
 TEST_F(PasswordLife, WithoutTargetsTheCheckBoxIsCheckedAndStaysEnabled) {
     Open();
-    EXPECT_TRUE(Rows().empty());
+    EXPECT_TRUE(Targets().empty());
     EXPECT_EQ(Same().Value(), 1);
     EXPECT_TRUE(Same().Enabled());
 }
@@ -93,7 +93,7 @@ TEST_F(PasswordLife, WithoutTargetsTheCheckBoxIsCheckedAndStaysEnabled) {
 TEST_F(PasswordLife, WithOneTargetTheCheckBoxIsCheckedAndDisabled) {
     Configure({}, true);
     Open();
-    EXPECT_EQ(Rows(), Lines{" This computer"});
+    EXPECT_EQ(Targets(), Lines{" This computer"});
     EXPECT_EQ(Same().Value(), 1);
     EXPECT_FALSE(Same().Enabled());
 }

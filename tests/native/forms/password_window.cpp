@@ -68,6 +68,13 @@ Lines PasswordWindow::Rows() {
     return rows;
 }
 
+Lines PasswordWindow::Targets() {
+    Lines targets;
+    for (const std::string& row : Rows())
+        targets.push_back(row.substr(0, row.find('\t')));
+    return targets;
+}
+
 Lines PasswordWindow::VisibleControls() {
     return ControlsThat(*form, &Control::Visible);
 }

@@ -41,7 +41,9 @@ class PasswordWindow : public ProgramTest {
     std::string Status() { return ToUtf8(Box(u"txtStatus").Text()); }
     std::string CaptionOf(StringView name) { return ToUtf8(At(name).Caption()); }
 
+    /// The rows as they stand, and their targets alone.
     Lines Rows();
+    Lines Targets();
     Lines VisibleControls();
     Lines EnabledControls();
 

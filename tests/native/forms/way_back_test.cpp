@@ -96,7 +96,10 @@ TEST_F(WayBack, TheStatusIsStillThereAtTheFirstPump) {
 
 TEST_F(WayBack, PumpsTwiceBeforeTheNewWindowIsMade) {
     ClickOk();
-    const Lines names = Names();
+    Lines names;
+    for (const std::string& name : Names())
+        if (name == "PumpEvents" || name == "SystemParametersInfoW")
+            names.push_back(name);
     ASSERT_GE(names.size(), 3U);
     EXPECT_EQ(Lines(names.begin(), names.begin() + 3),
               (Lines{"PumpEvents", "PumpEvents", "SystemParametersInfoW"}));

@@ -29,6 +29,8 @@ void ResetProgramState() {
     gUserName.clear();
     gDomainMember = false;
     gDomainName.clear();
+    gThemed = gThemeApiPresent = false;
+    gPasswordChar.clear();
     gKeyboardCues = false;
     gPassFormCount = 0;
 }

@@ -16,6 +16,9 @@ enum class HandleKind {
     Module,
     ItemList,
     AppendFile,
+    Theme,
+    Icon,
+    Hook,
 };
 
 /// A handle in the type that the platform gives to some of them.

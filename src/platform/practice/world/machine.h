@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/practice/world/appearance.h"
 #include "runtime/text.h"
 
 #include <cstdint>
@@ -24,6 +25,7 @@ struct Machine {
     std::uint16_t interface_language = 1033; ///< 0: the system can't tell
     std::uint32_t thread_locale = 1033;
     bool keyboard_cues = false;
+    Appearance appearance;
     String program_folder = u"C:\\Program Files\\Kestrelmoor";
     String program_name = u"Moorlink";     ///< without ".exe"
     String command_line;                   ///< the arguments alone

@@ -93,7 +93,28 @@ int Compare(const List& a, const List& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end()) ? -1 : 1;
 }
 
+/// Two units for a number; the numbers are small.
+void Append(String& key, std::uint32_t number) {
+    key.push_back(static_cast<char16_t>(number >> 16));
+    key.push_back(static_cast<char16_t>(number & 0xFFFF));
+}
+
 } // namespace
+
+String RowOrderKey(StringView text) {
+    const Weights weights = WeightsOf(text);
+    String key;
+    Append(key, static_cast<std::uint32_t>(weights.places.size()));
+    for (const std::uint32_t place : weights.places)
+        Append(key, place);
+    for (const std::size_t accent : weights.accents)
+        Append(key, static_cast<std::uint32_t>(accent));
+    for (const auto& [place, mark] : weights.late) {
+        Append(key, static_cast<std::uint32_t>(-place));
+        key.push_back(mark);
+    }
+    return key;
+}
 
 int CompareInRowOrder(StringView a, StringView b) {
     const Weights first = WeightsOf(a);

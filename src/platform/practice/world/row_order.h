@@ -9,4 +9,7 @@ namespace kestrelmoor::practice {
 /// goes first, and then the one where it comes later. Below 0, 0, above 0.
 int CompareInRowOrder(StringView a, StringView b);
 
+/// A key that two texts share exactly when they compare as 0.
+String RowOrderKey(StringView text);
+
 } // namespace kestrelmoor::practice

@@ -10,6 +10,7 @@
 #include "platform/practice/world/network.h"
 #include "platform/practice/world/registry_tree.h"
 
+#include <array>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ class World {
     HandleTable handles;
     Boxes boxes;
     Actions actions;
+    std::array<std::uint8_t, 256> key_states{};     ///< high bit: held; lowest bit: toggled
     std::vector<std::string> mutexes;               ///< names of those that were created
     std::vector<std::uint32_t> session_ends;        ///< flags of each request to end the session
     std::function<void(const Box&)> ended_by_error; ///< told ahead of an end by an error

@@ -118,6 +118,20 @@ void Members(Archive& archive, Record& version) {
     archive.Required("build", version.build);
 }
 
+template <class Archive, Is<Appearance> Record>
+void Members(Archive& archive, Record& appearance) {
+    const Appearance standard;
+    archive.Optional("library_present", appearance.library_present, true);
+    archive.Optional("missing_entries", appearance.missing_entries);
+    archive.Optional("app_themed", appearance.app_themed);
+    archive.Optional("theme_active", appearance.theme_active);
+    archive.Optional("app_properties", appearance.app_properties, standard.app_properties);
+    archive.Optional("theme_colours", appearance.theme_colours);
+    archive.Optional("system_colours", appearance.system_colours, standard.system_colours);
+    archive.Optional("metrics", appearance.metrics, standard.metrics);
+    archive.Optional("icons", appearance.icons, standard.icons);
+}
+
 template <class Archive, Is<Machine> Record>
 void Members(Archive& archive, Record& machine) {
     const Machine standard;
@@ -125,6 +139,7 @@ void Members(Archive& archive, Record& machine) {
     archive.Optional("interface_language", machine.interface_language, standard.interface_language);
     archive.Optional("thread_locale", machine.thread_locale, standard.thread_locale);
     archive.Optional("keyboard_cues", machine.keyboard_cues);
+    archive.Optional("appearance", machine.appearance);
     archive.Optional("program_folder", machine.program_folder, standard.program_folder);
     archive.Optional("program_name", machine.program_name, standard.program_name);
     archive.Optional("command_line", machine.command_line);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/input_hooks.h"
+
+namespace kestrelmoor::practice {
+
+/// Runs the hook of a type that is installed last, if any, with an input.
+void RunKeyboardHook(int key, bool up);
+void RunMouseHook(std::uintptr_t message, const platform::ScreenPoint& point);
+
+namespace mouse_message {
+inline constexpr std::uintptr_t kMove = 512;
+inline constexpr std::uintptr_t kLeftDown = 513;
+inline constexpr std::uintptr_t kLeftUp = 514;
+} // namespace mouse_message
+
+/// A key, or a button of the mouse, counts as held for as long as this lives.
+class Held {
+  public:
+    explicit Held(int key);
+    ~Held();
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+
+  private:
+    int mKey;
+};
+
+} // namespace kestrelmoor::practice
