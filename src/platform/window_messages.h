@@ -32,7 +32,8 @@ void RestoreWindowProcedure(WindowHandle hWnd, PreviousProcedure previous);
 std::intptr_t CallWindowProcW(PreviousProcedure previous, WindowHandle hWnd, std::uint32_t uMsg,
                               std::uintptr_t wParam, std::intptr_t lParam);
 
-std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam, std::intptr_t lParam);
+std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam,
+                           std::intptr_t lParam);
 
 /// A rectangle in pixels.
 struct PixelRectangle {
