@@ -68,9 +68,8 @@ String GetSystemErrorText(std::uint32_t nCode) {
     }
     String buffer;
     const auto formatted = platform::FormatMessageW(flags, module.Get(), nCode, kErrorTextLength, buffer);
-    if (formatted.value == 0)
-        if (gLogging)
-            LogError(LoadMessage(11, {DecimalText(formatted.last_error)}));
+    if (formatted.value == 0 && gLogging)
+        LogError(LoadMessage(11, {DecimalText(formatted.last_error)}));
     module.Reset();
     String text = TrimAtNul(buffer);
     if (text.ends_with(u"\r\n"))
