@@ -14,13 +14,13 @@ constexpr platform::NetStatus kControllerNotFound = 2453;
 constexpr std::uint32_t kReturnDnsNameOfPdc = 0x40000080;
 
 String Found(const String& sName) {
-    LogInformation(u"Primary DC Name = " + sName);
+    LogInformation(u"Primary DC Name = ", sName);
     return sName;
 }
 
 /// The second interface, which an older platform lacks.
 String AskForDnsName(const String& sDomain, String& sError) {
-    LogInformation(u"-> DsGetDcNameW " + Quoted(sDomain));
+    LogCall(u"DsGetDcNameW", sDomain);
     String name;
     const std::optional<platform::NetStatus> status =
         platform::DsGetDcNameW(sDomain, kReturnDnsNameOfPdc, name);
@@ -41,7 +41,7 @@ String ResolveServerName(const String& sTarget, String& sError) {
 
 String GetPrimaryDCName(const String& sDomain, String& sError) {
     const String short_name = sDomain.substr(0, sDomain.find(u'.'));
-    LogInformation(u"-> NetGetDCName " + Quoted(short_name));
+    LogCall(u"NetGetDCName", short_name);
     String name;
     const platform::NetStatus status = platform::NetGetDCName(short_name, name);
     if (status == 0)

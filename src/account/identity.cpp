@@ -25,7 +25,7 @@ void LogSidFailure(std::uint32_t nCode, const String& sApiName) {
 template <class Info, class Text>
 String AskWorkstation(platform::NetStatus (*call)(Info&), const char16_t* sApiName, const char16_t* sLabel,
                       Text text, String& sError) {
-    LogInformation(String(u"-> ") + sApiName);
+    LogInformation(u"-> ", sApiName);
     Info info;
     const platform::NetStatus status = call(info);
     if (status != 0) {
@@ -41,7 +41,7 @@ bool IsAccountOfDomain(platform::SidAddress domain_sid) {
     platform::OwnedSid account_domain = GetAccountDomainSid(GetCurrentUserSid());
     const bool same = account_domain && platform::EqualSid(domain_sid, account_domain.Get());
     account_domain.Reset();
-    LogInformation(u"Domain Account = " + BooleanText(same));
+    LogInformation(u"Domain Account = ", BooleanText(same));
     return same;
 }
 
@@ -98,7 +98,7 @@ bool IsDomainMember(String& sError) {
     }
     const platform::SidAddress domain_sid = platform::PrimaryDomainSid(record);
     const bool member = domain_sid != nullptr;
-    LogInformation(u"Domain Member = " + BooleanText(member));
+    LogInformation(u"Domain Member = ", BooleanText(member));
     return member && IsAccountOfDomain(domain_sid);
 }
 
@@ -137,7 +137,7 @@ platform::OwnedSid GetAccountDomainSid(platform::SidAddress pSid) {
         return {};
     }
     const std::uint8_t count = *count_place.value;
-    LogInformation(u"Account Sid SubAuthority Count = " + DecimalText(count));
+    LogInformation(u"Account Sid SubAuthority Count = ", DecimalText(count));
     std::uint32_t slots[8] = {};
     if (count > kMostSubAuthorities || !CopySubAuthorities(pSid, count, slots))
         return {};

@@ -24,7 +24,7 @@ std::optional<String> AdjustPrivilege(const String& sPrivilege, bool bEnable) {
     const auto opened = platform::OpenProcessToken(platform::GetCurrentProcess(), kAdjustAndQuery, token);
     if (!opened.value)
         return FormatApiError(opened.last_error, u"OpenProcessToken");
-    LogInformation(u"-> LookupPrivilegeValue " + Quoted(sPrivilege));
+    LogCall(u"LookupPrivilegeValue", sPrivilege);
     platform::Luid luid = 0;
     const auto found = platform::LookupPrivilegeValueW(sPrivilege, luid);
     if (!found.value)
@@ -50,7 +50,7 @@ std::int16_t ChangePassword(const String& sOldPass, const String& sNewPass, cons
     }
     String discarded;
     SetPrivilege(u"SeChangeNotifyPrivilege", true, discarded);
-    LogInformation(u"-> NetUserChangePassword " + Quoted(server));
+    LogCall(u"NetUserChangePassword", server);
     const platform::NetStatus status = platform::NetUserChangePassword(server, sOldPass, sNewPass);
     if (status != 0) {
         sError = FailedCall(status, u"NetUserChangePassword");

@@ -12,10 +12,12 @@ namespace kestrelmoor::platform {
 using HookHandle = std::uintptr_t; ///< 0: none
 
 inline constexpr int kKeyboardHook = 2; ///< WH_KEYBOARD
+inline constexpr int kCbtHook = 5;      ///< WH_CBT: windows about to be made, activated, moved ...
 inline constexpr int kMouseHook = 7;    ///< WH_MOUSE
 inline constexpr int kHookAction = 0;   ///< HC_ACTION
+inline constexpr int kHookActivate = 5; ///< HCBT_ACTIVATE: `wParam` is the window
 
-/// What a hook runs; it ends with `CallNextHookEx`.
+/// What a hook runs; one that stays ends with `CallNextHookEx`.
 using HookProcedure = std::intptr_t (*)(int nCode, std::uintptr_t wParam, std::intptr_t lParam);
 
 /// One procedure per type and thread at a time. 0 when it can't be set.

@@ -6,8 +6,11 @@
 
 namespace kestrelmoor::platform {
 
+inline constexpr std::uint32_t kBoxYesNo = 4;
 inline constexpr std::uint32_t kBoxExclamation = 48;
 inline constexpr std::uint32_t kBoxInformation = 64;
+inline constexpr std::uint32_t kBoxSystemModal = 0x1000; ///< on top of all windows
+inline constexpr std::uint32_t kBoxSetForeground = 0x10000;
 
 inline constexpr int kBoxOk = 1;
 inline constexpr int kBoxYes = 6;

@@ -2,6 +2,7 @@
 
 #include "runtime/errors.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -115,6 +116,41 @@ double ToWholeWithin(StringView text, double least, double most) {
     return whole;
 }
 
+constexpr int kSingleDigits = 7; ///< what a single-precision number holds for certain
+constexpr int kLeastPlainExponent = -4;
+
+/// The digits of a number, the first of which stands for ten to the exponent; none of the last ones is 0.
+struct SignificantDigits {
+    String digits;
+    int exponent = 0;
+};
+
+SignificantDigits DigitsOf(double magnitude) {
+    if (magnitude == 0)
+        return {u"0", 0};
+    int exponent = 0;
+    for (; magnitude >= 10; ++exponent)
+        magnitude /= 10;
+    for (; magnitude < 1; --exponent)
+        magnitude *= 10;
+    std::int32_t number = RoundToInteger32(magnitude * 1E6);
+    if (number == 10'000'000) {
+        number = 1;
+        ++exponent;
+    }
+    String digits = DecimalText(number);
+    digits.resize(digits.find_last_not_of(u'0') + 1);
+    return {std::move(digits), exponent};
+}
+
+/// Puts the period behind the first `whole` digits, or zeros in the place of those that are missing.
+void PlacePeriod(String& digits, std::size_t whole) {
+    if (digits.size() > whole)
+        digits.insert(whole, 1, u'.');
+    else
+        digits.append(whole - digits.size(), u'0');
+}
+
 } // namespace
 
 std::int16_t ToInteger16(StringView text) {
@@ -123,6 +159,15 @@ std::int16_t ToInteger16(StringView text) {
 
 std::int32_t ToInteger32(StringView text) {
     return static_cast<std::int32_t>(ToWholeWithin(text, -2147483648.0, 2147483647.0));
+}
+
+double ToDouble(StringView text) {
+    const std::optional<double> value = WholeNumber(text);
+    if (!value)
+        RaiseError(error_number::kTypeMismatch);
+    if (!std::isfinite(*value))
+        RaiseError(error_number::kOverflow);
+    return *value;
 }
 
 bool IsNumeric(StringView text) {
@@ -172,6 +217,24 @@ String PaddedText(std::int64_t value, std::size_t digits) {
     if (value < 0)
         reversed.push_back(u'-');
     return {reversed.rbegin(), reversed.rend()};
+}
+
+String SingleText(float value) {
+    if (std::isnan(value))
+        return u"NaN";
+    String text(std::signbit(value) && value != 0 ? u"-" : u"");
+    if (std::isinf(value))
+        return text + u"Infinity";
+    auto [digits, exponent] = DigitsOf(std::fabs(value));
+    if (exponent < kLeastPlainExponent || exponent >= kSingleDigits) {
+        PlacePeriod(digits, 1);
+        digits += exponent < 0 ? u"E-" : u"E+";
+        digits += PaddedText(std::abs(exponent), 2);
+    } else {
+        digits.insert(0, static_cast<std::size_t>(std::max(0, -exponent)), u'0');
+        PlacePeriod(digits, static_cast<std::size_t>(std::max(0, exponent)) + 1);
+    }
+    return text += digits;
 }
 
 String HexText(std::uint32_t value) {

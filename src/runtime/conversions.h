@@ -15,6 +15,10 @@ std::int16_t ToInteger16(StringView text);
 /// The same for a signed 32-bit number.
 std::int32_t ToInteger32(StringView text);
 
+/// The same for a floating number, unrounded. Raises 13 for a text that is no number and 6 for one beyond all
+/// sizes.
+double ToDouble(StringView text);
+
 /// Whether the whole text is a number in the sense of `ToInteger32`, whatever its size.
 bool IsNumeric(StringView text);
 
@@ -33,6 +37,10 @@ String DecimalText(std::int64_t value);
 
 /// Decimal digits with leading zeros up to `digits`: the formats "0", "00" and "000" for 1, 2 and 3.
 String PaddedText(std::int64_t value, std::size_t digits);
+
+/// A single-precision number with at most seven significant digits and a period: "13.5", "-0.25". Below
+/// 0.0001 and from 10,000,000 on with an exponent: "1.5E-05".
+String SingleText(float value);
 
 /// Hexadecimal digits in capitals, without leading zeros.
 String HexText(std::uint32_t value);

@@ -43,7 +43,9 @@ Date DateOf(const DateParts& parts) {
     const std::int64_t days = DayNumber(parts.year, parts.month, parts.day) - kDaysToEpoch;
     const double fraction = (parts.hour * 3600.0 + parts.minute * 60.0 + parts.second) / kSecondsOfDay;
     const auto whole = static_cast<double>(days);
-    return days < 0 ? whole - fraction : whole + fraction;
+    // A wider register would keep digits that a date in memory doesn't have.
+    const volatile Date stored = days < 0 ? whole - fraction : whole + fraction;
+    return stored;
 }
 
 DateParts PartsOf(Date date) {

@@ -25,6 +25,7 @@ constexpr Described kDescriptions[] = {
     {error_number::kPermissionDenied, u"Permission denied"},
     {error_number::kPathNotFound, u"Path not found"},
     {error_number::kObjectNotSet, u"Object variable not set"},
+    {error_number::kInvalidNull, u"Invalid use of null"},
     {error_number::kInvalidPropertyValue, u"Invalid property value"},
     {error_number::kInvalidPropertyIndex, u"Invalid property array index"},
     {error_number::kNoSuchMember, u"Object doesn't support this property or method"},

@@ -18,6 +18,7 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kPermissionDenied = 70;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kObjectNotSet = 91;
+inline constexpr std::int32_t kInvalidNull = 94;
 inline constexpr std::int32_t kInvalidPropertyValue = 380;
 inline constexpr std::int32_t kInvalidPropertyIndex = 381;
 inline constexpr std::int32_t kNoSuchMember = 438;

@@ -13,7 +13,7 @@ StringView TypeName(int nType) {
     return nType == log_event::kError ? u"Error" : u"Information";
 }
 
-String OnOneLine(const String& sText) {
+String OnOneLine(StringView sText) {
     String line;
     line.reserve(sText.size());
     char16_t before = 0;
@@ -34,7 +34,7 @@ void StartLogging(const String& sTarget, int nMode) {
         gLogFile = platform::OpenForAppending(sTarget);
 }
 
-void LogEvent(const String& sText, int nType) {
+void LogEvent(StringView sText, int nType) {
     if (!gLogFile)
         return;
     String line(TypeName(nType));
@@ -44,12 +44,17 @@ void LogEvent(const String& sText, int nType) {
     platform::Append(gLogFile, ToUtf8(line));
 }
 
-void LogInformation(const String& sText) {
+void LogInformation(StringView sText, StringView sValue) {
     if (gLogging)
-        LogEvent(sText, log_event::kInformation);
+        LogEvent(String(sText).append(sValue), log_event::kInformation);
 }
 
-void LogError(const String& sText) {
+void LogCall(StringView sName, StringView sArgument) {
+    if (gLogging)
+        LogInformation(String(u"-> ").append(sName) += u' ', Quoted(sArgument));
+}
+
+void LogError(StringView sText) {
     if (gLogging)
         LogEvent(sText, log_event::kError);
 }

@@ -22,10 +22,12 @@ void StartLogging(const String& sTarget, int nMode);
 
 /// Adds one line to the log, in UTF-8: the event's type and its text, whose line breaks become blanks.
 /// Raises an error when the file can't be written. Does nothing while the log is off.
-void LogEvent(const String& sText, int nType);
+void LogEvent(StringView sText, int nType);
 
-/// The events of a program that is diagnosing (`gLogging`), and nothing otherwise.
-void LogInformation(const String& sText);
-void LogError(const String& sText);
+/// The events of a program that is diagnosing (`gLogging`), and nothing otherwise: a text and what follows
+/// it, a call into the system ("-> NAME "ARGUMENT""), an error.
+void LogInformation(StringView sText, StringView sValue = {});
+void LogCall(StringView sName, StringView sArgument);
+void LogError(StringView sText);
 
 } // namespace kestrelmoor

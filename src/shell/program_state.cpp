@@ -28,6 +28,7 @@ bool gKeyboardCues = false;
 std::int16_t gPassFormCount = 0;
 platform::HookHandle gMouseHook = 0;
 platform::HookHandle gKeyboardHook = 0;
+platform::HookHandle gMsgBoxHook = 0;
 IRedirect* gRedirectTarget = nullptr;
 
 } // namespace kestrelmoor

@@ -53,6 +53,7 @@ extern bool gKeyboardCues;          ///< keyboard cues are always shown
 extern std::int16_t gPassFormCount; ///< live password windows
 extern platform::HookHandle gMouseHook;
 extern platform::HookHandle gKeyboardHook;
-extern IRedirect* gRedirectTarget; ///< the form that receives the window messages, null for none
+extern platform::HookHandle gMsgBoxHook; ///< the hook around the reminder's box
+extern IRedirect* gRedirectTarget;       ///< the form that receives the window messages, null for none
 
 } // namespace kestrelmoor

@@ -2,14 +2,13 @@
 
 #include "bridge_backend.h"
 #include "practice_backend.h"
+#include "stand_ins/common/environment.h"
 
 #include <windows.h>
 
 #include <lmerr.h>
 
-#include <array>
-#include <memory>
-#include <string>
+#include <utility>
 
 namespace kestrelmoor::stand_in {
 namespace {
@@ -35,37 +34,20 @@ class AbsentBackend final : public NetworkBackend {
     void NetApiBufferFree(bool, std::size_t) override {}
 };
 
-struct Choice {
-    const wchar_t* variable;
-    std::unique_ptr<NetworkBackend> (*make)(const String& value);
-};
-
 constexpr std::array kChoices = {
-    Choice{L"KESTRELMOOR_BRIDGE", MakeBridgeBackend},
-    Choice{L"KESTRELMOOR_WORLD", MakePracticeBackend},
+    BackendChoice<NetworkBackend>{L"KESTRELMOOR_BRIDGE", MakeBridgeBackend},
+    BackendChoice<NetworkBackend>{L"KESTRELMOOR_WORLD", MakePracticeBackend},
 };
 
-String EnvironmentVariable(const wchar_t* name) {
-    const DWORD needed = GetEnvironmentVariableW(name, nullptr, 0);
-    std::wstring value(needed, L'\0');
-    value.resize(GetEnvironmentVariableW(name, value.data(), needed));
-    return String(value.begin(), value.end());
-}
-
-std::unique_ptr<NetworkBackend> ChooseBackend() {
-    for (const Choice& choice : kChoices) {
-        const String value = EnvironmentVariable(choice.variable);
-        std::unique_ptr<NetworkBackend> backend = value.empty() ? nullptr : choice.make(value);
-        if (backend)
-            return backend;
-    }
-    return std::make_unique<AbsentBackend>();
+std::unique_ptr<NetworkBackend> Chosen() {
+    std::unique_ptr<NetworkBackend> backend = ChooseBackend(kChoices);
+    return backend ? std::move(backend) : std::make_unique<AbsentBackend>();
 }
 
 } // namespace
 
 NetworkBackend& Backend() {
-    static const std::unique_ptr<NetworkBackend> backend = ChooseBackend();
+    static const std::unique_ptr<NetworkBackend> backend = Chosen();
     return *backend;
 }
 

@@ -1,8 +1,7 @@
 #include "bridge_backend.h"
 
-#include "bridge_connection.h"
-
-#include <nlohmann/json.hpp>
+#include "stand_ins/common/bridge_connection.h"
+#include "stand_ins/common/bridge_texts.h"
 
 #include <windows.h>
 
@@ -12,23 +11,6 @@ namespace kestrelmoor::stand_in {
 namespace {
 
 using Json = nlohmann::json;
-
-class UnsendableText {};
-
-Json JsonOf(const String& text) {
-    std::string bytes = ToUtf8(text);
-    if (FromUtf8(bytes) != text)
-        throw UnsendableText();
-    return bytes;
-}
-
-Json JsonOf(const OptionalString& text) {
-    return text ? JsonOf(*text) : Json(nullptr);
-}
-
-String TextOf(const Json& answer, const char* key) {
-    return FromUtf8(answer.at(key).get<std::string>());
-}
 
 class BridgeBackend final : public NetworkBackend {
   public:

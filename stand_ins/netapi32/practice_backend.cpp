@@ -3,13 +3,13 @@
 #include "platform/practice/world/names.h"
 #include "platform/practice/world/world_file.h"
 #include "runtime/errors.h"
+#include "stand_ins/common/kept_world.h"
 
 #include <windows.h>
 
 #include <lmerr.h>
 
 #include <cstdio>
-#include <string>
 
 namespace kestrelmoor::stand_in {
 namespace {
@@ -17,8 +17,7 @@ namespace {
 /// The practice platform's own answers, for the world of a file.
 class PracticeBackend final : public NetworkBackend {
   public:
-    explicit PracticeBackend(const std::string& path)
-        : mPath(path), mWorld(path), mKept(practice::WriteWorld(mWorld)) {}
+    explicit PracticeBackend(const String& path) : mWorld(path) {}
 
     NetStatus NetWkstaUserGetInfo(platform::WkstaUserInfo0& info) override {
         return Answer([&] { return platform::NetWkstaUserGetInfo(info); });
@@ -45,11 +44,14 @@ class PracticeBackend final : public NetworkBackend {
     }
     NetStatus NetUserChangePassword(const OptionalString& domainname, const OptionalString& username,
                                     const String& oldpassword, const String& newpassword) override {
-        // The world knows one person, who changes no other one's password.
-        if (username && !practice::SameName(*username, mWorld.network.user.name))
-            return NERR_UserNotFound;
-        return Answer([&] {
-            return platform::NetUserChangePassword(domainname.value_or(String()), oldpassword, newpassword);
+        return Guarded([&] {
+            return mWorld.Change([&](practice::World& world) -> NetStatus {
+                // The world knows one person, who changes no other one's password.
+                if (username && !practice::SameName(*username, world.network.user.name))
+                    return NERR_UserNotFound;
+                return platform::NetUserChangePassword(domainname.value_or(String()), oldpassword,
+                                                       newpassword);
+            });
         });
     }
     void NetApiBufferFree(bool, std::size_t) override {}
@@ -57,10 +59,12 @@ class PracticeBackend final : public NetworkBackend {
   private:
     template <class Call>
     NetStatus Answer(const Call& call) {
+        return Guarded([&] { return mWorld.Ask([&](practice::World&) { return call(); }); });
+    }
+    template <class Call>
+    static NetStatus Guarded(const Call& call) {
         try {
-            const NetStatus status = call();
-            Keep();
-            return status;
+            return call();
         } catch (const RuntimeError&) {
             return NERR_WkstaNotStarted;
         } catch (const practice::WorldFileError& error) {
@@ -68,24 +72,15 @@ class PracticeBackend final : public NetworkBackend {
             return NERR_InternalError;
         }
     }
-    void Keep() {
-        std::string text = practice::WriteWorld(mWorld);
-        if (text == mKept)
-            return;
-        practice::SaveWorld(mWorld, mPath);
-        mKept = std::move(text);
-    }
 
-    std::string mPath;
-    practice::ScopedWorld mWorld;
-    std::string mKept;
+    KeptWorld mWorld;
 };
 
 } // namespace
 
 std::unique_ptr<NetworkBackend> MakePracticeBackend(const String& path) {
     try {
-        return std::make_unique<PracticeBackend>(ToUtf8(path));
+        return std::make_unique<PracticeBackend>(path);
     } catch (const practice::WorldFileError& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return nullptr;

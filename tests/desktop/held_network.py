@@ -1,4 +1,4 @@
-"""A network whose servers take their time: each change of a password waits until the test lets it go on."""
+"""A network whose servers take their time: what they are asked waits until the test lets it go on."""
 
 import json
 import queue
@@ -17,8 +17,8 @@ _HANDED_OUT = {
 
 
 class HeldNetwork:
-    """A context manager. `variables` tell programs of it; `changes` holds (server, old, new) of each change that
-    was asked for so far."""
+    """Each change of a password waits. A context manager. `variables` tell programs of it; `changes` holds
+    (server, old, new) of each change that was asked for so far."""
 
     def __init__(self):
         self.changes = []
@@ -60,3 +60,38 @@ class HeldNetwork:
         if call in _HANDED_OUT:
             return {"code": 0, **_HANDED_OUT[call]}
         return {"code": _NOT_SUPPORTED}
+
+
+class HeldDirectory(HeldNetwork):
+    """Each bind of a directory object waits; `binds` holds the paths so far."""
+
+    def __init__(self):
+        super().__init__()
+        self.binds = []
+
+    def wait_bind(self, number):
+        """Waits until so many binds were asked for; the last one is then held."""
+        wait_until(lambda: len(self.binds) == number, "bind %d asked for" % number)
+
+    def _answer(self, request):
+        if request["call"] != "GetObject":
+            return super()._answer(request)
+        self.binds.append(request["path"])
+        return {"code": self._answers.get()}
+
+
+class BridgedDirectory(HeldNetwork):
+    """A directory that answers for every path at once: `values` by the member's name. `calls` holds the requests so
+    far."""
+
+    def __init__(self, **values):
+        super().__init__()
+        self.calls = []
+        self._values = values
+
+    def _answer(self, request):
+        if "path" not in request:
+            return super()._answer(request)
+        self.calls.append(request)
+        member = request.get("name") or request["call"].removeprefix("IADsUser.")
+        return {"code": 0, "value": self._values.get(member)}

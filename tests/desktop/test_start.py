@@ -48,11 +48,6 @@ class Start(DesktopCase):
         self.assert_box(process, "warning", "/quiet")
         self.assertEqual(process.wait_exit(), 0)
 
-    def test_a_start_without_a_switch_ends_in_silence(self):
-        process = self.start()
-        self.assertEqual(process.wait_exit(), 0)
-        self.assertEqual(self.desktop.windows(process.pid), [])
-
     def test_a_log_that_cannot_be_opened_is_told_and_the_program_goes_on(self):
         process = self.start("/f", "/d", "C:\\no such folder\\a.log")
         self.assert_box(process, "warning", "C:\\no such folder\\a.log")

@@ -1,4 +1,4 @@
-"""Carries the network management calls of a Windows program over to the real servers.
+"""Carries the network management and directory calls of a Windows program over to the real servers.
 
 Listens on 127.0.0.1. A call is one JSON line with the call's name and arguments as the API names them, the
 answer one JSON line with "code", the API's return value, and what a call that succeeded hands out:
@@ -18,6 +18,7 @@ import sys
 import threading
 
 import windows_codes as codes
+from directory import Directory
 from enclosure import obstacle
 from servers import DOMAIN, USER, Network
 
@@ -46,6 +47,7 @@ class Bridge:
         self._computer_name = computer_name
         self._workgroup = workgroup
         self._session_passwords = {server.name: server.first_password for server in network.servers}
+        self._directory = Directory(self)
         self._one_at_a_time = threading.Lock()
         self._listener = _Listener(self.answer)
         self.address = "%s:%d" % self._listener.server_address
@@ -60,6 +62,8 @@ class Bridge:
                 reply = {"code": codes.ERROR_INVALID_LEVEL}
             elif call in self._CALLS:
                 reply = self._CALLS[call](self, request)
+            elif call in Directory.CALLS:
+                reply = self._directory.answer(request)
             else:
                 reply = {"code": codes.ERROR_NOT_SUPPORTED}
             shown = {key: value for key, value in request.items() if key not in _SECRETS}
@@ -78,12 +82,18 @@ class Bridge:
     def __exit__(self, *_):
         self.close()
 
+    def server_of_place(self, place):
+        """The server that holds the accounts of a computer or domain; None for an unknown name."""
+        if place.lower() in self._network.controller.domain_names:
+            return self._network.controller
+        return self._server(place)
+
     def _server(self, name):
         wanted = (name or self._computer_name).removeprefix("\\\\").lower()
         return next((server for server in self._network.servers if wanted in server.names), None)
 
-    def _query(self, name, operation, **arguments):
-        server = self._server(name)
+    def query(self, server, operation, **arguments):
+        """An account call in the user's session; the answer as the API gives it."""
         if server is None:
             return {"code": codes.ERROR_BAD_NETPATH}
         password = self._session_passwords[server.name]
@@ -91,24 +101,27 @@ class Bridge:
         answer = server.call(operation, **session, **arguments)
         return {"code": codes.code_of_status(answer["status"]), **(answer.get("value") or {})}
 
-    def _change_password(self, request):
-        old, new = request["oldpassword"], request["newpassword"]
-        if old is None or new is None:
-            return {"code": codes.ERROR_INVALID_PARAMETER}
-        server = self._server(request["domainname"])
+    def change_password(self, server, user, old, new):
+        """A change of the user's own password; the code as the API gives it."""
         if server is None:
             return {"code": codes.ERROR_BAD_NETPATH}
-        user = request["username"] or self._user_name
         answer = server.call("change_password", user=user, old=old, new=new)
         if answer["status"] == 0 and user == self._user_name:
             self._session_passwords[server.name] = new
         return {"code": codes.code_of_status(answer["status"])}
 
+    def _change_own_password(self, request):
+        old, new = request["oldpassword"], request["newpassword"]
+        if old is None or new is None:
+            return {"code": codes.ERROR_INVALID_PARAMETER}
+        user = request["username"] or self._user_name
+        return self.change_password(self._server(request["domainname"]), user, old, new)
+
     def _user_info(self, request):
-        return self._query(request["servername"], "user_info", user=request["username"])
+        return self.query(self._server(request["servername"]), "user_info", user=request["username"])
 
     def _modals(self, request):
-        return self._query(request["servername"], "modals")
+        return self.query(self._server(request["servername"]), "modals")
 
     def _workstation_user(self, _request):
         return {"code": 0, "username": self._user_name}
@@ -136,7 +149,7 @@ class Bridge:
         "DsGetDcNameW": _controller,
         "NetUserGetInfo": _user_info,
         "NetUserModalsGet": _modals,
-        "NetUserChangePassword": _change_password,
+        "NetUserChangePassword": _change_own_password,
         "NetApiBufferFree": _buffer_freed,
     }
 

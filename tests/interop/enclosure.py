@@ -20,6 +20,7 @@ PROGRAMS = {
     "pdbedit": "samba",
     "smbpasswd": "samba-common-bin",
     "net": "samba-common-bin",
+    "ldbmodify": "ldb-tools",
     "smbclient": "smbclient",
 }
 

@@ -19,6 +19,8 @@ REALM = "PRACTICE.TEST"
 USER = "user"
 _FOLDERS = ["/etc/samba", "/var/lib/samba", "/var/cache/samba", "/var/log/samba", "/run"]
 _CLIENT = Path(__file__).with_name("account_client.py")
+_TICKS = 10_000_000
+"""Of a second, in the directory's spans of time."""
 
 
 class Server:
@@ -57,6 +59,10 @@ class Server:
     def require_change(self, user):
         """From now on the user must change the password before anything else."""
         self.tool(["net", "sam", "set", "pwdmustchangenow", user, "yes"])
+
+    def set_never_expires(self, user, never):
+        """Whether the user's password stays in force however old it grows."""
+        self.tool(["net", "sam", "set", "pwnoexp", user, "yes" if never else "no"])
 
     def call(self, operation, **arguments):
         """One account call over the network: the answer of account_client.py."""
@@ -140,8 +146,17 @@ class DirectoryController(Server):
         ]
         self.tool(["samba-tool", "domain", "passwordsettings", "set", *options])
 
+    def set_max_age(self, seconds):
+        """The greatest age of a password, finer than the days of `set_policy`."""
+        base = ",".join("DC=" + part for part in REALM.lower().split("."))
+        change = f"dn: {base}\nchangetype: modify\nreplace: maxPwdAge\nmaxPwdAge: {-seconds * _TICKS}\n"
+        self.tool(["ldbmodify", "-H", "/var/lib/samba/private/sam.ldb"], change)
+
     def set_disabled(self, user, disabled):
         self.tool(["samba-tool", "user", "disable" if disabled else "enable", user])
+
+    def unlock(self, user):
+        self.tool(["samba-tool", "user", "unlock", user])
 
 
 class StandAloneServer(Server):
@@ -197,8 +212,15 @@ disable spoolss = yes
             number = self._FOR_EVER if value is None else value * unit
             self.tool(["pdbedit", "-P", name, "-C", str(number)])
 
+    def set_max_age(self, seconds):
+        """The greatest age of a password, finer than the days of `set_policy`."""
+        self.tool(["pdbedit", "-P", self._RULES["max_age"][0], "-C", str(seconds)])
+
     def set_disabled(self, user, disabled):
         self.tool(["smbpasswd", "-d" if disabled else "-e", user])
+
+    def unlock(self, user):
+        self.tool(["pdbedit", "-u", user, "-c", "[]", "-z"])
 
 
 class Network:

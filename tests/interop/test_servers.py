@@ -75,7 +75,7 @@ class PasswordChange(BridgeCase):
 
     def test_locked_account_is_1909(self):
         server = self.network.server
-        self.addCleanup(server.tool, ["pdbedit", "-u", USER, "-c", "[]", "-z"])
+        self.addCleanup(server.unlock, USER)
         self.addCleanup(server.set_policy, lockout=0)
         server.set_policy(lockout=2)
         self.assertEqual(self.change("\\\\SERVER1", "Not-the-one-7", fresh()), 86)

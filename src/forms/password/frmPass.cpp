@@ -183,6 +183,10 @@ void frmPass::chkSame_Click() {
     UpdateOkButton();
 }
 
+void frmPass::AskForEachOldPass() {
+    chkSame.SetValue(0);
+}
+
 void frmPass::EnterSingleMode() {
     lblOldPass.SetTag(LoadMessage(301, {}));
     txtOldPass.SetBorderStyle(1);

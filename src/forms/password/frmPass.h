@@ -33,6 +33,9 @@ class frmPass : public Form, public ICue, public IRedirect, public IThemed {
     /// Takes a target out of the list, if it is there; with fewer than two left the single mode is on.
     void RemoveTarget(const String& sName);
 
+    /// Leaves the single mode: passwords that have come apart are asked for one by one.
+    void AskForEachOldPass();
+
   protected:
     void Form_Initialize() override;
     void Form_Load() override;

@@ -8,6 +8,9 @@ namespace kestrelmoor::practice {
 void RunKeyboardHook(int key, bool up);
 void RunMouseHook(std::uintptr_t message, const platform::ScreenPoint& point);
 
+/// The same with a window that is about to be activated.
+void RunActivationHook(WindowHandle window);
+
 namespace mouse_message {
 inline constexpr std::uintptr_t kMove = 512;
 inline constexpr std::uintptr_t kLeftDown = 513;

@@ -22,11 +22,11 @@ struct MouseRecord {
     platform::ScreenPoint point;
 };
 
-void Run(int type, std::uintptr_t wide, std::intptr_t parameter) {
+void Run(int type, int code, std::uintptr_t wide, std::intptr_t parameter) {
     const auto fits = [type](const InstalledHook& hook) { return hook.type == type; };
     const std::uintptr_t handle = TheWorld().handles.Seek<InstalledHook>(HandleKind::Hook, fits);
     if (const auto* const hook = TheWorld().handles.Find<InstalledHook>(HandleKind::Hook, handle))
-        hook->procedure(platform::kHookAction, wide, parameter);
+        hook->procedure(code, wide, parameter);
 }
 
 } // namespace
@@ -34,12 +34,17 @@ void Run(int type, std::uintptr_t wide, std::intptr_t parameter) {
 namespace practice {
 
 void RunKeyboardHook(int key, bool up) {
-    Run(platform::kKeyboardHook, static_cast<std::uintptr_t>(key), up ? kGoingUp + kOnce : kOnce);
+    Run(platform::kKeyboardHook, platform::kHookAction, static_cast<std::uintptr_t>(key),
+        up ? kGoingUp + kOnce : kOnce);
 }
 
 void RunMouseHook(std::uintptr_t message, const platform::ScreenPoint& point) {
     const MouseRecord record{point};
-    Run(platform::kMouseHook, message, reinterpret_cast<std::intptr_t>(&record));
+    Run(platform::kMouseHook, platform::kHookAction, message, reinterpret_cast<std::intptr_t>(&record));
+}
+
+void RunActivationHook(WindowHandle window) {
+    Run(platform::kCbtHook, platform::kHookActivate, window, 0);
 }
 
 Held::Held(int key) : mKey(key) {

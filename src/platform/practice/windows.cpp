@@ -29,6 +29,10 @@ WindowHandle Windows::Add(Control& control) {
     return Add(std::move(window));
 }
 
+WindowHandle Windows::AddBox() {
+    return Add(Window());
+}
+
 // Its icons go without a call of the program's.
 void Windows::Remove(WindowHandle window) {
     const auto found = mWindows.find(window);

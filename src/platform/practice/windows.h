@@ -17,13 +17,14 @@ struct IconImage {
     bool operator==(const IconImage&) const = default;
 };
 
-/// The windows of all loaded forms and of their controls.
+/// The windows of all loaded forms and of their controls, and of the message boxes that are up.
 class Windows {
   public:
     static Windows& Current();
 
     WindowHandle Add(Form& form);
     WindowHandle Add(Control& control);
+    WindowHandle AddBox(); ///< a message box's, which is neither
     void Remove(WindowHandle window);
 
     /// Null: no such window, or none of that kind.

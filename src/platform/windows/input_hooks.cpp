@@ -9,6 +9,7 @@ namespace kestrelmoor::platform {
 namespace {
 
 static_assert(kKeyboardHook == WH_KEYBOARD && kMouseHook == WH_MOUSE && kHookAction == HC_ACTION);
+static_assert(kCbtHook == WH_CBT && kHookActivate == HCBT_ACTIVATE);
 static_assert(sizeof(MOUSEHOOKSTRUCT) == 20);
 
 /// The procedure behind the door of each type.
@@ -37,6 +38,8 @@ HookHandle SetWindowsHookExW(int nType, HookProcedure procedure) {
     switch (nType) {
     case kKeyboardHook:
         return SetHook<kKeyboardHook>(procedure);
+    case kCbtHook:
+        return SetHook<kCbtHook>(procedure);
     case kMouseHook:
         return SetHook<kMouseHook>(procedure);
     default:

@@ -10,6 +10,8 @@ namespace kestrelmoor::platform {
 namespace {
 
 static_assert(kBoxExclamation == MB_ICONEXCLAMATION && kBoxInformation == MB_ICONINFORMATION);
+static_assert(kBoxYesNo == MB_YESNO && kBoxSystemModal == MB_SYSTEMMODAL &&
+              kBoxSetForeground == MB_SETFOREGROUND);
 static_assert(kBoxOk == IDOK && kBoxYes == IDYES && kBoxNo == IDNO);
 
 HWND OwnerWindow() {

@@ -7,7 +7,7 @@ target_include_directories(moorlink_resources PRIVATE ${resources})
 set_source_files_properties(${resources}/Moorlink.rc PROPERTIES
   OBJECT_DEPENDS "${resources}/Moorlink.manifest;${resources}/Moorlink.ico")
 
-add_executable(Moorlink WIN32 entry.cpp)
+add_executable(Moorlink WIN32 entry.cpp standard_library.cpp)
 target_link_libraries(Moorlink PRIVATE kestrelmoor_logic moorlink_resources)
 target_link_options(Moorlink PRIVATE
   -Wl,--major-subsystem-version=4,--minor-subsystem-version=0

@@ -1,42 +1,45 @@
-// bare_silent.exe LANGUAGE-LIBRARY: the system's calls that a start of Moorlink.exe without a switch makes,
-// in their order, and nothing between them. The order is that of the record which the practice platform
-// keeps.
+// bare_silent.exe LANGUAGE-LIBRARY: the system's calls that a start of Moorlink.exe without a switch makes
+// where all is well, in their order, and nothing between them. The targets are the local computer and the
+// servers in the registry, all of them computers and active.
 
+#include "tests/bench/bare/accounts.h"
 #include "tests/bench/bare/language.h"
 
-#include <lm.h>
 #include <ntsecapi.h>
+
+#include <initializer_list>
 
 namespace {
 
-void Query(HKEY key, const wchar_t* name) {
-    BYTE data[1024];
-    DWORD size = sizeof data;
-    ::RegQueryValueExW(key, name, nullptr, nullptr, data, &size);
+using kestrelmoor::bench::Accounts;
+
+wchar_t gServers[32768];
+
+void Query(HKEY key, const wchar_t* name, void* data, DWORD size) {
+    ::RegQueryValueExW(key, name, nullptr, nullptr, static_cast<BYTE*>(data), &size);
 }
 
-template <std::size_t Count>
-void QueryKey(const wchar_t* path, const wchar_t* const (&names)[Count]) {
+template <std::size_t count>
+void QueryKey(const wchar_t* path, const wchar_t* const (&names)[count]) {
     HKEY key = nullptr;
     if (::RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &key) != 0)
         return;
+    BYTE data[1024];
     for (const wchar_t* const name : names)
-        Query(key, name);
+        Query(key, name, data, sizeof data);
     ::RegCloseKey(key);
 }
 
-void AskForUser() {
-    wchar_t path[MAX_PATH + 16];
-    ::GetSystemDirectoryW(path, MAX_PATH);
-    ::lstrcatW(path, L"\\netapi32.dll");
-    const HMODULE library = ::LoadLibraryW(path);
-    const auto get_info = reinterpret_cast<decltype(&::NetWkstaUserGetInfo)>(
-        reinterpret_cast<void*>(::GetProcAddress(library, "NetWkstaUserGetInfo")));
-    const auto free_buffer = reinterpret_cast<decltype(&::NetApiBufferFree)>(
-        reinterpret_cast<void*>(::GetProcAddress(library, "NetApiBufferFree")));
-    BYTE* buffer = nullptr;
-    if (get_info && free_buffer && get_info(nullptr, 0, &buffer) == 0)
-        free_buffer(buffer);
+void QuerySettings(const wchar_t* path) {
+    HKEY key = nullptr;
+    if (::RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &key) != 0)
+        return;
+    BYTE data[1024];
+    Query(key, L"Servers", nullptr, 0);
+    Query(key, L"Servers", gServers, sizeof gServers);
+    for (const wchar_t* const name : {L"Active", L"Active", L"ReminderTime", L"Options"})
+        Query(key, name, data, sizeof data);
+    ::RegCloseKey(key);
 }
 
 void AskForDomain() {
@@ -48,6 +51,13 @@ void AskForDomain() {
     if (::LsaQueryInformationPolicy(policy, PolicyPrimaryDomainInformation, &record) == 0)
         ::LsaFreeMemory(record);
     ::LsaClose(policy);
+}
+
+void AskTargets(Accounts& accounts) {
+    accounts.AskForComputer();
+    accounts.AskForPassword(nullptr);
+    for (const wchar_t* server = gServers; *server != L'\0'; server += ::lstrlenW(server) + 1)
+        accounts.AskForPassword(server);
 }
 
 } // namespace
@@ -65,9 +75,11 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     ::GetFileAttributesW(library);
     kestrelmoor::bench::Language language(library);
     QueryKey(settings, {L"LangID"});
-    QueryKey(settings, {L"Servers", L"Servers", L"Active", L"Active", L"ReminderTime", L"Options"});
+    QuerySettings(settings);
     QueryKey(L"Software\\Microsoft\\Windows\\CurrentVersion\\Run", {L"Kestrelmoor"});
-    AskForUser();
+    Accounts accounts;
+    accounts.AskForUser();
     AskForDomain();
+    AskTargets(accounts);
     return 0;
 }

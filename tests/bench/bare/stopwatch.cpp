@@ -130,8 +130,11 @@ class PaintedWindow {
     bool Stands() const {
         std::vector<HWND> boxes;
         ::EnumChildWindows(mWindow, CollectBoxes, reinterpret_cast<LPARAM>(&boxes));
+        const auto plain =
+            std::count_if(boxes.begin(), boxes.end(), [this](HWND box) { return IsGround(box); });
+        // The one with the focus may have a tint.
         return boxes.size() >= 3 && Pixel(mWindow, 2, 2) == ::GetSysColor(COLOR_BTNFACE) &&
-               std::all_of(boxes.begin(), boxes.end(), [this](HWND box) { return IsGround(box); });
+               static_cast<std::size_t>(plain) + 1 >= boxes.size();
     }
 
   private:
@@ -213,19 +216,39 @@ void PrintLoad(const LOAD_DLL_DEBUG_INFO& load) {
     ::CloseHandle(load.hFile);
 }
 
+/// The greatest working set so far; 0 of a process that has ended.
+SIZE_T PeakMemory(const Program& program) {
+    PROCESS_MEMORY_COUNTERS memory{};
+    memory.cb = sizeof memory;
+    return ::GetProcessMemoryInfo(program.Handle(), &memory, sizeof memory) ? memory.PeakWorkingSetSize : 0;
+}
+
+/// Waits for the next event of a process, and keeps an eye on its memory meanwhile.
+DEBUG_EVENT NextEvent(const Program& program, SIZE_T& peak) {
+    const DWORD start = ::GetTickCount();
+    for (DEBUG_EVENT event{};;) {
+        const bool came = ::WaitForDebugEvent(&event, 1) != 0;
+        peak = std::max(peak, PeakMemory(program));
+        if (came)
+            return event;
+        if (::GetTickCount() - start > kPatience)
+            throw std::runtime_error("a program does not end");
+    }
+}
+
 /// A process that has ended can't be asked, so its libraries are noted as they are loaded.
 void LookAtExit(const std::wstring& command_line) {
     const Program program(command_line, DEBUG_ONLY_THIS_PROCESS);
+    SIZE_T peak = 0;
     for (bool ended = false; !ended;) {
-        DEBUG_EVENT event{};
-        if (!::WaitForDebugEvent(&event, kPatience))
-            throw std::runtime_error("a program does not end");
+        const DEBUG_EVENT event = NextEvent(program, peak);
         if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT)
             PrintLoad(event.u.LoadDll);
         ended = event.dwDebugEventCode == EXIT_PROCESS_DEBUG_EVENT;
         ::ContinueDebugEvent(event.dwProcessId, event.dwThreadId, DBG_CONTINUE);
     }
     program.WaitForEnd();
+    std::printf("memory %lu\n", static_cast<unsigned long>(peak));
 }
 
 void LookAtBox(const std::wstring& command_line) {

@@ -45,6 +45,7 @@ TEST_F(ListModeRun, AnEditThatIsOpenAtTheClickTakesPart) {
 }
 
 TEST_F(ListModeRun, EqualPasswordsAreToldForTheirTargetAlone) {
+    LiftPolicies();
     OpenRows();
     TypeOld(1, u"same");
     FillNew(u"same");

@@ -200,6 +200,7 @@ TEST_F(PasswordFields, AWindowClosedWhileTheBoxIsUpIsLeftAlone) {
 }
 
 TEST_F(PasswordFields, AnEmptyNewPasswordWithAnEmptyConfirmationPassesTheChecks) {
+    LiftPolicies();
     TypeInto(u"txtOldPass", kOldPassword);
     ClickOk();
     EXPECT_EQ(Boxes(), std::vector<ShownBox>{});

@@ -56,6 +56,13 @@ void PasswordWindow::Configure(const StringList& servers, bool local) {
     gSyncLocal = local;
 }
 
+void PasswordWindow::LiftPolicies() {
+    for (practice::Computer& computer : world.network.computers)
+        computer.store.policy = {};
+    for (practice::Domain& domain : world.network.domains)
+        domain.store.policy = {};
+}
+
 void PasswordWindow::Open() {
     form = Application::Current().Make<frmPass>();
     form->Show();

@@ -31,6 +31,9 @@ class PasswordWindow : public ProgramTest {
     /// The local computer, a stand-alone server and a domain.
     static void ConfigureAll() { Configure({u"\\\\ARCHIVE", u"PRACTICE"}, true); }
 
+    /// Takes the policies away: a new password of any length passes the check.
+    void LiftPolicies();
+
     void Open();
 
     Control& At(StringView name) { return form->Find(name); }

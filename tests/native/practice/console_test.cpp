@@ -141,6 +141,30 @@ TEST_F(PracticeConsole, PrintsEachBoxAndAnswersAsTold) {
     EXPECT_EQ(answer, 7);
 }
 
+TEST_F(PracticeConsole, ClockIsMovedOnOrSet) {
+    const practice::Moment before = world.clock.Now();
+    const practice::Moment pumps = world.pump_milliseconds;
+    const auto after = [&](const char* command) {
+        world.clock.Set(before);
+        world.pump_milliseconds = 0;
+        Run({command});
+        world.pump_milliseconds = pumps;
+        return world.clock.Now() - before;
+    };
+    EXPECT_EQ(after("clock +6d"), 518400000);
+    EXPECT_EQ(after("clock +12h"), 43200000);
+    EXPECT_EQ(after("clock +30m"), 1800000);
+    EXPECT_EQ(after("clock +45s"), 45000);
+    EXPECT_EQ(after("clock 2026-03-02T09:00:01"), 1000);
+}
+
+TEST_F(PracticeConsole, ClockRefusesWhatIsNoTime) {
+    for (const char* const text : {"+d", "+6", "6d", "+6y", "+-6d", "tomorrow"})
+        EXPECT_EQ(Run({std::string("clock ") + text}),
+                  std::string("line 1: \"") + text +
+                      "\" is no time; write +6d, +12h, +30m, +45s or 2026-03-08T09:00:00\n");
+}
+
 TEST_F(PracticeConsole, PrintsTheRecordOfCalls) {
     world.calls.Clear();
     world.calls.Enter("ExitWindowsEx", {4, 0});
@@ -167,6 +191,11 @@ TEST(PracticeArguments, OwnOnesStandAheadAndTheProgramsBehindTwoHyphens) {
     EXPECT_EQ(read.world_file, "w.json");
     EXPECT_EQ(read.program_arguments, u"/d \"C:\\My Logs\\a.log\" /f");
     EXPECT_EQ(read.save_file, std::nullopt);
+}
+
+TEST(PracticeArguments, CommandsAheadOfTheStartStandInTheirOrder) {
+    const auto read = practice::ReadArguments({"--first", "clock +6d", "--first", "box no"});
+    EXPECT_EQ(read.first, (std::vector<std::string>{"clock +6d", "box no"}));
 }
 
 TEST(PracticeArguments, UnknownOnesAndMissingNamesAreRefused) {

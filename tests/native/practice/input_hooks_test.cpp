@@ -1,6 +1,7 @@
 #include "platform/input_hooks.h"
 
 #include "platform/form_peer.h"
+#include "platform/message_box.h"
 #include "platform/practice/user.h"
 #include "platform/practice/world/world.h"
 #include "tests/form_model_shared/recorded_form.h"
@@ -27,6 +28,16 @@ std::intptr_t SeeingMouse(int nCode, std::uintptr_t wParam, std::intptr_t lParam
     watched->Note(std::to_string(wParam) + " at " + std::to_string(point.x) + "," + std::to_string(point.y) +
                   (held ? " held" : ""));
     return platform::CallNextHookEx(hook, nCode, wParam, lParam);
+}
+
+std::intptr_t SeeingActivations(int nCode, std::uintptr_t wParam, std::intptr_t /*lParam*/) {
+    watched->Note(std::to_string(nCode) + " of " + std::to_string(wParam));
+    return 0;
+}
+
+std::intptr_t NeverRun(int /*nCode*/, std::uintptr_t /*wParam*/, std::intptr_t /*lParam*/) {
+    ADD_FAILURE() << "a hook below another one was run";
+    return 0;
 }
 
 class PracticeHooks : public testing::Test {
@@ -84,6 +95,27 @@ TEST_F(PracticeHooks, FindKeysHeldOnlyWhileTheyAre) {
     user.Press(key::kF1, key::kShiftMask);
     EXPECT_EQ(form->Take(), (Events{"KeyDown F1, shift 1", "shift held"}));
     EXPECT_EQ(platform::GetKeyboardState()[16], 0);
+}
+
+TEST_F(PracticeHooks, SeeABoxBecomeActiveWhileItsWindowIsThere) {
+    hook = platform::SetWindowsHookExW(platform::kCbtHook, &SeeingActivations);
+    world.boxes.Shown = [this](const practice::Box& box) { form->Note("box " + std::to_string(box.window)); };
+    platform::MessageBoxW(u"Sure?", 4, u"Title");
+    world.boxes.Shown = nullptr;
+    platform::UnhookWindowsHookEx(hook);
+    const auto window = std::to_string(world.boxes.All()[0].window);
+    EXPECT_EQ(form->Take(), (Events{"5 of " + window, "box " + window}));
+    platform::MessageBoxW(u"Sure?", 4, u"Title");
+    EXPECT_EQ(form->Take(), Events{});
+}
+
+TEST_F(PracticeHooks, OfOneTypeOnlyTheOneInstalledLastIsRun) {
+    const auto older = platform::SetWindowsHookExW(platform::kCbtHook, &NeverRun);
+    hook = platform::SetWindowsHookExW(platform::kCbtHook, &SeeingActivations);
+    platform::MessageBoxW(u"Sure?", 4, u"Title");
+    platform::UnhookWindowsHookEx(hook);
+    platform::UnhookWindowsHookEx(older);
+    EXPECT_EQ(form->Take().size(), 1U);
 }
 
 TEST_F(PracticeHooks, AreNotThereWhenSettingThemFails) {

@@ -111,6 +111,60 @@ TEST(PracticeWorldFile, WritingAndReadingGivesTheSameWorld) {
     EXPECT_EQ(again.clock.Now(), world.clock.Now());
 }
 
+TEST(PracticeWorldFile, DirectoryAndItsAnswersOfEveryKindComeThrough) {
+    World world;
+    practice::LoadStockWorld(world);
+    world.network.directory = {true,
+                               {{u"ARCHIVE", "GetObject", 0x8007052F, u"Restricted."},
+                                {u"ARCHIVE", "GetObject", 0x80070035},
+                                {u"DC1", "UserFlags", 0, u"", std::monostate{}},
+                                {u"DC1", "UserFlags", 0, u"", NullValue{}},
+                                {u"DC1", "UserFlags", 0, u"", true},
+                                {u"DC1", "UserFlags", 0, u"", std::int32_t{-5}},
+                                {u"DC1", "UserFlags", 0, u"", 0.125},
+                                {u"DC1", "UserFlags", 0, u"", DateValue{-1.75}},
+                                {u"DC1", "UserFlags", 0, u"", u"512"},
+                                {u"DC1", "UserFlags", 0, u"", ForeignValue{}}}};
+    World again;
+    practice::ReadWorld(again, practice::WriteWorld(world), "again");
+    EXPECT_EQ(again.network.directory, world.network.directory);
+}
+
+TEST(PracticeWorldFile, DirectoryIsNotThereUntilTheFileSaysSo) {
+    World world;
+    practice::ReadWorld(world, kSmallWorld, "my.json");
+    EXPECT_FALSE(world.network.directory.present);
+}
+
+TEST(PracticeWorldFile, AnswerOfTheDirectoryIsReadAsItStandsInTheFile) {
+    World world;
+    practice::ReadWorld(
+        world, Changed(R"("network": {)", R"("network": { "directory": { "present": true, "answers": [
+        { "name": "A", "member": "ChangePassword", "number": 2147942486, "description": "No." },
+        { "name": "A", "member": "PasswordExpirationDate", "kind": "date", "value": 46100.5 } ] },)"),
+        "my.json");
+    const practice::Directory expected{true,
+                                       {{u"A", "ChangePassword", 0x80070056, u"No."},
+                                        {u"A", "PasswordExpirationDate", 0, u"", DateValue{46100.5}}}};
+    EXPECT_EQ(world.network.directory, expected);
+}
+
+TEST(PracticeWorldFile, AnswerOfTheDirectoryWithAWrongValueIsTold) {
+    const auto error_of = [](const std::string& value) {
+        return ErrorOf(Changed(R"("network": {)", R"("network": { "directory": { "answers": [
+            { "name": "A", "member": "UserFlags", "kind": )" +
+                                                      value + " } ] },"));
+    };
+    EXPECT_EQ(error_of(R"("double", "value": "much")"),
+              "my.json:5: /network/directory/answers/0/value: a number is needed here, not string");
+    EXPECT_EQ(error_of(R"("null", "value": 1)"),
+              "my.json:5: /network/directory/answers/0/value: no such member is known");
+    EXPECT_EQ(error_of(R"("integer")"),
+              "my.json:5: /network/directory/answers/0: the member \"value\" is missing");
+    EXPECT_EQ(error_of(R"("colour")"), "my.json:5: /network/directory/answers/0/kind: \"colour\" is none of "
+                                       "the words that can stand here");
+}
+
 TEST(PracticeWorldFile, PasswordWithAnUnpairedSurrogateComesThrough) {
     World world;
     practice::LoadStockWorld(world);

@@ -132,6 +132,44 @@ TEST(Conversions, NumberFormats) {
     EXPECT_EQ(BooleanText(false), u"False");
 }
 
+TEST(Conversions, SinglePrecisionTextHasSevenDigitsAtMostAndNoZerosBehindThem) {
+    EXPECT_EQ(SingleText(13.5F), u"13.5");
+    EXPECT_EQ(SingleText(-0.25F), u"-0.25");
+    EXPECT_EQ(SingleText(14.0F), u"14");
+    EXPECT_EQ(SingleText(0.1F), u"0.1");
+    EXPECT_EQ(SingleText(13.999988F), u"13.99999");
+    EXPECT_EQ(SingleText(-1.0F / 3), u"-0.3333333");
+    EXPECT_EQ(SingleText(0.0001F), u"0.0001");
+    EXPECT_EQ(SingleText(1200.0F), u"1200");
+    EXPECT_EQ(SingleText(9999999.0F), u"9999999");
+}
+
+TEST(Conversions, SinglePrecisionTextOfZeroHasNoSign) {
+    EXPECT_EQ(SingleText(0.0F), u"0");
+    EXPECT_EQ(SingleText(-0.0F), u"0");
+}
+
+TEST(Conversions, SinglePrecisionTextOfVerySmallAndLargeNumbersHasAnExponent) {
+    EXPECT_EQ(SingleText(1.5E-05F), u"1.5E-05");
+    EXPECT_EQ(SingleText(1E+07F), u"1E+07");
+    EXPECT_EQ(SingleText(-123456789.0F), u"-1.234568E+08");
+    EXPECT_EQ(SingleText(std::numeric_limits<float>::max()), u"3.402823E+38");
+    EXPECT_EQ(SingleText(std::numeric_limits<float>::denorm_min()), u"1.401298E-45");
+}
+
+TEST(Conversions, SinglePrecisionTextOfWhatIsNoNumberSaysSo) {
+    EXPECT_EQ(SingleText(std::numeric_limits<float>::quiet_NaN()), u"NaN");
+    EXPECT_EQ(SingleText(-std::numeric_limits<float>::infinity()), u"-Infinity");
+}
+
+TEST(Conversions, FloatingNumberOfATextIsNotRounded) {
+    EXPECT_EQ(ToDouble(u" -1.25 "), -1.25);
+    EXPECT_EQ(ToDouble(u"&HFF"), 255.0);
+    EXPECT_EQ(RaisedNumber([] { ToDouble(u"1x"); }), kTypeMismatch);
+    EXPECT_EQ(RaisedNumber([] { ToDouble(u""); }), kTypeMismatch);
+    EXPECT_EQ(RaisedNumber([] { ToDouble(u"1E400"); }), kOverflow);
+}
+
 } // namespace
 
 } // namespace kestrelmoor::tests

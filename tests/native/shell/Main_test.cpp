@@ -11,10 +11,12 @@ namespace {
 
 constexpr char16_t kSettingsKey[] = u"HKEY_CURRENT_USER\\Software\\Orvane\\Kestrelmoor";
 
-/// The program's start, with a default library that serves English and says "text NUMBER".
+/// The program's start, with a default library that serves English and says "text NUMBER", on a day when no
+/// password is about to expire.
 class StartUp : public ProgramTest {
   protected:
     StartUp() {
+        world.network.Local().store.policy.max_age = practice::kForever;
         gLocalizer.reset();
         Put(u"default.loc", {1033});
     }
@@ -25,6 +27,13 @@ class StartUp : public ProgramTest {
         library.kind = practice::LibraryKind::Scripted;
         library.script.languages = std::move(languages);
         return world.libraries.Put(std::move(library)).script;
+    }
+
+    void PutEnglish() {
+        practice::Library library;
+        library.path = u"C:\\Program Files\\Kestrelmoor\\default.loc";
+        library.host_file = "program/default.loc";
+        world.libraries.Put(std::move(library));
     }
 
     void Start(const char16_t* sArguments) {
@@ -229,17 +238,49 @@ TEST_F(StartUp, AVersionThatCannotBeLearnedIsRefused) {
 }
 
 TEST_F(StartUp, TheLogBeginsInTheDocumentsFolderWithTheDate) {
-    Put(u"default.loc", {});
-    practice::Library real;
-    real.path = u"C:\\Program Files\\Kestrelmoor\\default.loc";
-    real.host_file = "program/default.loc";
-    world.libraries.Put(real);
-    Start(u"/d");
+    PutEnglish();
+    Start(u"/d /f");
     EXPECT_EQ(gLogFileName, u"C:\\Users\\user\\Documents\\Moorlink.log");
     EXPECT_EQ(LinesOf(gLogFileName),
               (Lines{"Information: Log started on 3/2/2026 9:00:00 AM", "Information: -> NetWkstaUserGetInfo",
                      "Information: Current User = user", "Information: -> LsaOpenPolicy",
                      "Information: -> LsaQueryInformationPolicy", "Information: Domain Member = False"}));
+}
+
+TEST_F(StartUp, AStartThatEndsInSilenceLogsWhatItAskedOfEachTarget) {
+    PutEnglish();
+    Start(u"/d");
+    const Lines log = LinesOf(gLogFileName);
+    ASSERT_GT(log.size(), 6U);
+    EXPECT_EQ(Lines(log.begin() + 6, log.end()),
+              (Lines{"Information: -> NetWkstaGetInfo",
+                     "Information: Computer Name = \\\\WORKBENCH",
+                     "Information: -> GetObject \"WinNT://WORKBENCH/user,user\"",
+                     "Error: GetObject failed with error -2147221020: Invalid syntax",
+                     "Information: -> NetUserGetInfo \"\" \"user\"",
+                     "Information: Password status = OK",
+                     "Information: -> NetUserModalsGet \"\"",
+                     "Information: Max PWD Age = -1",
+                     "Information: Min PWD Length = 4",
+                     "Information: Password status = Never expires",
+                     "Information: -> GetObject \"WinNT://ARCHIVE/user,user\"",
+                     "Error: GetObject failed with error -2147221020: Invalid syntax",
+                     "Information: -> NetUserGetInfo \"\\\\ARCHIVE\" \"user\"",
+                     "Information: Password status = OK",
+                     "Information: -> NetUserModalsGet \"\\\\ARCHIVE\"",
+                     "Information: Max PWD Age = -1",
+                     "Information: Min PWD Length = 6",
+                     "Information: Password status = Never expires",
+                     "Information: -> GetObject \"WinNT://PRACTICE/user,user\"",
+                     "Error: GetObject failed with error -2147221020: Invalid syntax",
+                     "Information: -> NetGetDCName \"PRACTICE\"",
+                     "Information: Primary DC Name = \\\\DC1",
+                     "Information: -> NetUserGetInfo \"\\\\DC1\" \"user\"",
+                     "Information: Password status = OK",
+                     "Information: -> NetUserModalsGet \"\\\\DC1\"",
+                     "Information: Max PWD Age = 7776000",
+                     "Information: Min PWD Length = 8",
+                     "Information: Seconds before password expiration = 4752600"}));
 }
 
 TEST_F(StartUp, TheLogHasTheNameOfTheCommandLine) {
@@ -298,7 +339,7 @@ TEST_F(StartUp, SettingsAreLoaded) {
 }
 
 TEST_F(StartUp, AStandAloneComputerHasNoDomainAndItsPasswordIsATarget) {
-    Start(u"");
+    Start(u"/f");
     EXPECT_EQ(gUserName, u"user");
     EXPECT_FALSE(gDomainMember);
     EXPECT_EQ(gDomainName, u"");
@@ -380,10 +421,7 @@ TEST_F(StartUp, AnUnknownUserWithoutForceEndsInSilence) {
 }
 
 TEST_F(StartUp, TheReasonOfAnUnknownUserIsNotReplacedByLaterFailures) {
-    practice::Library real;
-    real.path = u"C:\\Program Files\\Kestrelmoor\\default.loc";
-    real.host_file = "program/default.loc";
-    world.libraries.Put(real);
+    PutEnglish();
     world.Fail("NetWkstaUserGetInfo", 53);
     world.Fail("LsaOpenPolicy", 0xC0000022);
     Start(u"/f");

@@ -33,6 +33,7 @@ void ResetProgramState() {
     gPasswordChar.clear();
     gKeyboardCues = false;
     gPassFormCount = 0;
+    gMsgBoxHook = 0;
 }
 
 } // namespace

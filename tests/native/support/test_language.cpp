@@ -2,6 +2,7 @@
 
 #include "languages/localization_abi.h"
 #include "localization/ILocalization.h"
+#include "runtime/conversions.h"
 #include "shell/program_state.h"
 
 #include <cstdlib>
@@ -34,6 +35,12 @@ std::int32_t GetText(abi::ILocalization*, std::int16_t nNumber, abi::LocText* ou
     return LOC_S_OK;
 }
 
+std::int32_t GetPluralText(abi::ILocalization*, std::int16_t nNumber, std::int32_t nCount,
+                           abi::LocText* out) {
+    *out = NewText(u"noun " + DecimalText(nNumber) + u" of " + DecimalText(nCount));
+    return LOC_S_OK;
+}
+
 std::int32_t LanguageID(abi::ILocalization*, std::int16_t* out) {
     *out = 1033;
     return LOC_S_OK;
@@ -55,6 +62,7 @@ std::int32_t CreateInstance(abi::IClassFactory*, void*, const abi::Guid*, void**
         entries.QueryInterface = QueryInterface;
         entries.AddRef = Count<abi::ILocalization>;
         entries.Release = Count<abi::ILocalization>;
+        entries.GetPluralText = GetPluralText;
         entries.GetText = GetText;
         entries.LanguageID = LanguageID;
         return entries;

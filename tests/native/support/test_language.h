@@ -8,7 +8,8 @@
 namespace kestrelmoor::tests {
 
 /// What the language of the tests says for a message number; any other number is unknown to it. A message
-/// names its number and shows each of its arguments: "message 12: %1, %2, %3".
+/// names its number and shows each of its arguments: "message 12: %1, %2, %3". A noun shows its number and
+/// its count: "noun 5 of 7".
 using TestTexts = std::map<std::int16_t, String>;
 
 TestTexts StandardTexts();

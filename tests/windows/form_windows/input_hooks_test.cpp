@@ -4,6 +4,7 @@
 #include "tests/windows/form_windows/windows_of_form.h"
 
 #include <string>
+#include <vector>
 
 namespace kestrelmoor::tests {
 
@@ -65,6 +66,32 @@ TEST_F(FormHooks, SeeTheMouseWhereItIs) {
     EXPECT_NEAR(last.x, (place.left + place.right) / 2, 1);
     EXPECT_NEAR(last.y, (place.top + place.bottom) / 2, 1);
     EXPECT_EQ(form->chkMark.Value(), 1);
+}
+
+std::vector<std::uintptr_t> activated;
+
+/// Serves for one activation.
+std::intptr_t NotingOneActivation(int nCode, std::uintptr_t wParam, std::intptr_t /*lParam*/) {
+    if (nCode == kHookActivate) {
+        UnhookWindowsHookEx(hook);
+        activated.push_back(wParam);
+    }
+    return 0;
+}
+
+TEST_F(FormHooks, OfWindowsSeeAnActivationAndCanTakeThemselvesAwayInIt) {
+    const HWND other = ::CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
+                                         nullptr, nullptr, nullptr, nullptr);
+    const auto own = reinterpret_cast<HWND>(form->Window());
+    ::SetActiveWindow(own);
+    activated.clear();
+    hook = SetWindowsHookExW(kCbtHook, &NotingOneActivation);
+    ASSERT_NE(hook, 0U);
+    ::SetActiveWindow(other);
+    EXPECT_EQ(::GetActiveWindow(), other);
+    ::SetActiveWindow(own);
+    EXPECT_EQ(activated, (std::vector<std::uintptr_t>{reinterpret_cast<std::uintptr_t>(other)}));
+    ::DestroyWindow(other);
 }
 
 TEST_F(FormHooks, OfOtherTypesAreNotSet) {

@@ -4,15 +4,17 @@
 
 namespace kestrelmoor::practice {
 
-const char kConsoleUsage[] = "practice [--world FILE] [--save FILE] [--script FILE] [-- ARGUMENTS]\n"
-                             "\n"
-                             "Runs the program on an imagined network, without a screen.\n"
-                             "  --world FILE   the network, as JSON; without it the stock world\n"
-                             "  --save FILE    writes the network as the program leaves it\n"
-                             "  --script FILE  takes the commands from a file, not from standard input\n"
-                             "  -- ARGUMENTS   the program's own command line, such as /f\n"
-                             "\n"
-                             "The command help lists what can be done then.\n";
+const char kConsoleUsage[] =
+    "practice [--world FILE] [--save FILE] [--script FILE] [--first LINE] [-- ARGUMENTS]\n"
+    "\n"
+    "Runs the program on an imagined network, without a screen.\n"
+    "  --world FILE   the network, as JSON; without it the stock world\n"
+    "  --save FILE    writes the network as the program leaves it\n"
+    "  --script FILE  takes the commands from a file, not from standard input\n"
+    "  --first LINE   a command ahead of the start, such as \"clock +6d\"\n"
+    "  -- ARGUMENTS   the program's own command line, such as /f\n"
+    "\n"
+    "The command help lists what can be done then.\n";
 
 namespace {
 
@@ -28,7 +30,7 @@ ConsoleArguments ReadArguments(const std::vector<std::string>& arguments) {
     std::size_t i = 0;
     const auto value = [&] {
         if (i + 1 >= arguments.size())
-            throw std::invalid_argument(arguments[i] + " needs the name of a file behind it");
+            throw std::invalid_argument(arguments[i] + " needs something behind it");
         return arguments[++i];
     };
     for (; i < arguments.size() && arguments[i] != "--"; ++i) {
@@ -38,6 +40,8 @@ ConsoleArguments ReadArguments(const std::vector<std::string>& arguments) {
             read.save_file = value();
         else if (arguments[i] == "--script")
             read.script_file = value();
+        else if (arguments[i] == "--first")
+            read.first.push_back(value());
         else if (arguments[i] == "--help")
             read.help = true;
         else

@@ -13,6 +13,7 @@ struct ConsoleArguments {
     std::optional<std::string> world_file; ///< none: the stock world
     std::optional<std::string> save_file;
     std::optional<std::string> script_file; ///< none: standard input
+    std::vector<std::string> first;         ///< commands ahead of the program's start
     bool help = false;
     String program_arguments; ///< the program's own command line
 };

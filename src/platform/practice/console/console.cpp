@@ -25,6 +25,19 @@ std::optional<int> WholeNumber(std::string_view text) {
     return number;
 }
 
+/// The time in "+6d" and the like.
+std::optional<Moment> StepOfText(std::string_view text) {
+    constexpr std::string_view kUnits = "smhd";
+    constexpr Moment kLengths[] = {kSecond, 60 * kSecond, 3600 * kSecond, kDay};
+    if (text.size() < 3 || text.front() != '+')
+        return std::nullopt;
+    const std::size_t unit = kUnits.find(text.back());
+    const std::optional<int> count = WholeNumber(text.substr(1, text.size() - 2));
+    if (unit == std::string_view::npos || !count)
+        return std::nullopt;
+    return *count * kLengths[unit];
+}
+
 std::string Trimmed(const std::string& line) {
     const std::size_t begin = line.find_first_not_of(" \t\r");
     if (begin == std::string::npos)
@@ -44,6 +57,8 @@ const Console::Command Console::kCommands[] = {
     {"check", "check NAME ROW", "turns the check mark of a row", &Console::Check},
     {"close", "close", "closes the open window by its close box", &Console::Close},
     {"wait", "wait MILLISECONDS", "lets time pass", &Console::Wait},
+    {"clock", "clock +6d|TIME",
+     "moves the clock on by days, hours (h), minutes (m) or seconds (s), or sets it", &Console::SetClock},
     {"box", "box OK|YES|NO", "the answer to the next message box", &Console::AnswerBox},
     {"calls", "calls", "prints the calls into the system so far; passwords are not in it",
      &Console::ShowCalls},
@@ -180,6 +195,15 @@ void Console::Wait(const std::string& milliseconds) {
         Refuse("\"" + milliseconds + "\" is no number of milliseconds");
     mWorld.clock.Advance(*time);
     platform::TheDesktop().PumpEvents();
+}
+
+void Console::SetClock(const std::string& time) {
+    const std::optional<Moment> step = StepOfText(time);
+    const std::optional<Moment> moment =
+        step ? std::optional(mWorld.clock.Now() + *step) : MomentOfText(FromUtf8(time));
+    if (!moment)
+        Refuse("\"" + time + "\" is no time; write +6d, +12h, +30m, +45s or 2026-03-08T09:00:00");
+    mWorld.clock.Set(*moment);
 }
 
 void Console::AnswerBox(const std::string& button) {

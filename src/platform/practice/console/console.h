@@ -55,6 +55,7 @@ class Console {
     void Check(const std::string& argument);
     void Close(const std::string&);
     void Wait(const std::string& milliseconds);
+    void SetClock(const std::string& time);
     void AnswerBox(const std::string& button);
     void ShowCalls(const std::string&);
     void Help(const std::string&);

@@ -79,8 +79,13 @@ int Run(const ConsoleArguments& arguments) {
         return Refuse("the script " + *arguments.script_file + " can't be opened");
     std::FILE* const input = script ? script.get() : stdin;
     const bool at_terminal = isatty(fileno(input)) == 1;
-    Console console(
-        world, [&] { return ReadLine(input); }, Print, !at_terminal);
+    std::size_t first = 0;
+    const auto next_line = [&] {
+        return first < arguments.first.size() ? std::optional(arguments.first[first++]) : ReadLine(input);
+    };
+    Console console(world, next_line, Print, !at_terminal);
+    for (std::size_t i = 0; i < arguments.first.size(); ++i)
+        console.Step();
     RunProgram(console);
     save();
     return console.Failed() && !at_terminal ? kBadInput : 0;

@@ -21,8 +21,8 @@ int DefaultButton(std::uint32_t style) {
 
 } // namespace
 
-int Boxes::Show(const String& text, std::uint32_t style, const String& title) {
-    Box box{text, style, title, DefaultButton(style)};
+int Boxes::Show(const String& text, std::uint32_t style, const String& title, std::uintptr_t window) {
+    Box box{text, style, title, DefaultButton(style), window};
     if (!mAnswers.empty()) {
         box.answer = mAnswers.front();
         mAnswers.pop_front();

@@ -15,6 +15,7 @@ struct Box {
     std::uint32_t style = 0;
     String title;
     int answer = 0;
+    std::uintptr_t window = 0; ///< while it is up
 };
 
 /// The message boxes of the process.
@@ -24,7 +25,7 @@ class Boxes {
     void Answer(int button) { mAnswers.push_back(button); }
 
     /// Records a box and answers it.
-    int Show(const String& text, std::uint32_t style, const String& title);
+    int Show(const String& text, std::uint32_t style, const String& title, std::uintptr_t window = 0);
 
     const std::vector<Box>& All() const { return mBoxes; }
     void Clear() { mBoxes.clear(); }

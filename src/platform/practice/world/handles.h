@@ -19,6 +19,7 @@ enum class HandleKind {
     Theme,
     Icon,
     Hook,
+    DirectoryObject,
 };
 
 /// A handle in the type that the platform gives to some of them.
@@ -46,13 +47,13 @@ class HandleTable {
         return std::any_cast<Content>(&found->second.content);
     }
 
-    /// The first open handle of a kind whose content fits; 0: none.
+    /// The latest open handle of a kind whose content fits; 0: none.
     template <class Content, class Fits>
     std::uintptr_t Seek(HandleKind kind, Fits&& fits) const {
-        for (const auto& [handle, entry] : mOpen)
-            if (const auto* const content = std::any_cast<Content>(&entry.content);
-                entry.kind == kind && content && fits(*content))
-                return handle;
+        for (auto entry = mOpen.rbegin(); entry != mOpen.rend(); ++entry)
+            if (const auto* const content = std::any_cast<Content>(&entry->second.content);
+                entry->second.kind == kind && content && fits(*content))
+                return entry->first;
         return 0;
     }
 

@@ -46,6 +46,12 @@ std::int64_t JsonPlace::Whole(std::int64_t least, std::int64_t greatest) const {
     return mNode.get<std::int64_t>();
 }
 
+double JsonPlace::Number() const {
+    if (!mNode.is_number())
+        Refuse("a number is needed here, not " + std::string(mNode.type_name()));
+    return mNode.get<double>();
+}
+
 std::uint32_t NumberOfMember(const JsonPlace& place, const std::string& name) {
     std::uint32_t number = 0;
     const char* const end = name.data() + name.size();

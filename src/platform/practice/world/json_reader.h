@@ -47,6 +47,7 @@ class JsonPlace {
     std::string Utf8() const;
     bool Truth() const;
     std::int64_t Whole(std::int64_t least, std::int64_t greatest) const;
+    double Number() const;
 
   private:
     const Json& mNode;
@@ -63,6 +64,9 @@ inline void ReadJson(const JsonPlace& place, std::string& value) {
 }
 inline void ReadJson(const JsonPlace& place, bool& value) {
     value = place.Truth();
+}
+inline void ReadJson(const JsonPlace& place, double& value) {
+    value = place.Number();
 }
 
 template <std::integral Number>

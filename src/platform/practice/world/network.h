@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/practice/world/accounts.h"
+#include "platform/practice/world/directory.h"
 
 #include <set>
 #include <string>
@@ -52,6 +53,7 @@ class Network {
     std::vector<Domain> domains;
     bool library_present = true;           ///< the library of network management can be bound
     std::set<std::string> missing_entries; ///< entries that it lacks
+    Directory directory;
 
     Computer* FindComputer(StringView name);
     Domain* FindDomain(StringView name); ///< by short or dotted name

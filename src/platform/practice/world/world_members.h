@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/practice/world/directory_json.h"
 #include "platform/practice/world/json_writer.h"
 #include "platform/practice/world/world.h"
 
@@ -71,6 +72,12 @@ void Members(Archive& archive, Record& user) {
     archive.Required("sid", user.sid);
 }
 
+template <class Archive, Is<Directory> Record>
+void Members(Archive& archive, Record& directory) {
+    archive.Optional("present", directory.present);
+    archive.Optional("answers", directory.answers);
+}
+
 template <class Archive, Is<Network> Record>
 void Members(Archive& archive, Record& network) {
     archive.Required("local_computer", network.local_computer);
@@ -80,6 +87,7 @@ void Members(Archive& archive, Record& network) {
     archive.Optional("domains", network.domains);
     archive.Optional("library_present", network.library_present, true);
     archive.Optional("missing_entries", network.missing_entries);
+    archive.Optional("directory", network.directory);
 }
 
 template <class Archive, Is<LanguageScript> Record>

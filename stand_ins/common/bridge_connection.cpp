@@ -1,4 +1,4 @@
-#include "bridge_connection.h"
+#include "stand_ins/common/bridge_connection.h"
 
 #include <winsock2.h>
 
