@@ -28,7 +28,8 @@ LocArray* NewNumberArray(const uint16_t* numbers, uint32_t count) {
                         .features = kFixedSizeFeature,
                         .element_size = sizeof(uint16_t),
                         .data = array + 1,
-                        .count = count};
+                        .count = count,
+                        .lower_bound = kFirstLanguage};
     memcpy(array->data, numbers, size);
     return array;
 }

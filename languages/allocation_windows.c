@@ -13,7 +13,7 @@ LocText NewText(TextSpan span) {
 }
 
 LocArray* NewNumberArray(const uint16_t* numbers, uint32_t count) {
-    LocArray* array = SafeArrayCreateVector(kSigned16BitNumbers, 0, count);
+    LocArray* array = SafeArrayCreateVector(kSigned16BitNumbers, kFirstLanguage, count);
     if (array) {
         for (uint32_t i = 0; i < count; ++i) {
             ((uint16_t*)array->data)[i] = numbers[i];

@@ -78,8 +78,9 @@ static const Guid kClsidLocalization = {
 typedef LocChar* LocText;
 
 // The languages handed out by a library: a one-dimensional array of signed 16-bit numbers whose first index
-// is lower_bound. On Windows it is a SAFEARRAY and is freed with SafeArrayDestroy; natively with
-// LocFreeArray.
+// is lower_bound. The program lists them from index 1 on, so a library counts from there. On Windows it is a
+// SAFEARRAY and is freed with SafeArrayDestroy; natively with LocFreeArray.
+enum { kFirstLanguage = 1 };
 typedef struct LocArray {
     uint16_t dimensions; // 1
     uint16_t features;
@@ -87,7 +88,7 @@ typedef struct LocArray {
     uint32_t locks;
     void* data; // count numbers of 16 bits
     uint32_t count;
-    int32_t lower_bound; // 0
+    int32_t lower_bound; // kFirstLanguage
 } LocArray;
 
 // In units of 16 bits, without the NUL.

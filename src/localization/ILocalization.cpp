@@ -47,7 +47,7 @@ std::int16_t ILocalization::LanguageID() const {
     return NumberFrom(&Table::LanguageID);
 }
 
-std::vector<std::int16_t> ILocalization::Languages() const {
+Array<std::int16_t> ILocalization::Languages() const {
     abi::LocArray* numbers = nullptr;
     RaiseIfFailed(mObject.Get()->table->Languages(mObject.Get(), &numbers));
     return platform::TakeNumbers(numbers);

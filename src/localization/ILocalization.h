@@ -1,11 +1,11 @@
 #pragma once
 
 #include "languages/localization_abi.h"
+#include "runtime/array.h"
 #include "runtime/owned.h"
 #include "runtime/text.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace kestrelmoor {
 
@@ -39,8 +39,8 @@ class ILocalization {
     /// The language that the object now serves.
     std::int16_t LanguageID() const;
 
-    /// The languages held by the file.
-    std::vector<std::int16_t> Languages() const;
+    /// The languages held by the file, from the first index that the library gives them.
+    Array<std::int16_t> Languages() const;
 
     /// The font for all controls in this language, and its character set in the platform's numbers.
     String FontName() const;

@@ -1,5 +1,6 @@
 #include "localization/language_resolution.h"
 
+#include "localization/library_files.h"
 #include "localization/mCallDll.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
@@ -15,7 +16,6 @@ namespace kestrelmoor {
 namespace {
 
 constexpr std::int16_t kEnglish = 0x409;
-constexpr char16_t kLocFiles[] = u"Software\\Orvane\\Kestrelmoor\\LocFiles";
 
 // The only words that are fixed in the program: no library may be there to give others.
 constexpr char16_t kNotFound[] = u"Localization library not found.";
@@ -32,19 +32,6 @@ std::int16_t AutomaticLanguage() {
                                        ? platform::GetUserDefaultUILanguage()
                                        : static_cast<std::uint16_t>(platform::GetThreadLocale() & 0xFFFF);
     return language == 0 ? kEnglish : static_cast<std::int16_t>(language);
-}
-
-/// A file that can't be looked at counts as a directory: neither is a library.
-bool IsFile(const String& sPath) {
-    try {
-        return (platform::GetFileAttributesW(sPath) & platform::kDirectoryAttribute) == 0;
-    } catch (const RuntimeError&) {
-        return false;
-    }
-}
-
-String InProgramFolder(const String& sName) {
-    return AddBackslash(platform::ProgramFolder()) + sName;
 }
 
 String LibraryFileOf(std::int16_t nLang) {
@@ -94,7 +81,7 @@ bool LoadLocalization(std::int16_t nLang) {
         nLang = AutomaticLanguage();
     String file = LibraryFileOf(nLang);
     if (!IsFile(file)) {
-        file = InProgramFolder(u"default.loc");
+        file = InProgramFolder(kDefaultLibrary);
         if (!IsFile(file))
             return Fail(kNotFound);
     }

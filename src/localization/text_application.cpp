@@ -6,8 +6,8 @@
 
 namespace kestrelmoor {
 
-String TaggedText(const String& sTag) {
-    return LoadMessage(ToInteger16(sTag), {});
+String TaggedText(const String& sTag, const StringList& aArgs) {
+    return LoadMessage(ToInteger16(sTag), aArgs);
 }
 
 void LibraryFont::ApplyTo(Font& font) const {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "runtime/array.h"
 #include "runtime/text.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace kestrelmoor::platform {
 
@@ -13,8 +13,8 @@ namespace kestrelmoor::platform {
 /// A counted text (BSTR). Null is an empty text.
 String TakeText(char16_t* text);
 
-/// An array of signed 16-bit numbers in one dimension (SAFEARRAY of VT_I2). Null, or an array of another
-/// kind, is an empty list.
-std::vector<std::int16_t> TakeNumbers(void* array);
+/// An array of signed 16-bit numbers in one dimension (SAFEARRAY of VT_I2), with its first index. Null, or an
+/// array of another kind, has no storage.
+Array<std::int16_t> TakeNumbers(void* array);
 
 } // namespace kestrelmoor::platform

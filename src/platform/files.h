@@ -14,6 +14,27 @@ inline constexpr std::uint32_t kDirectoryAttribute = 16;
 /// system's code as an error number.
 std::uint32_t GetFileAttributesW(const String& sPath);
 
+/// A search for files by a pattern.
+struct FileSearchTraits {
+    using Value = std::intptr_t;
+    static constexpr Value kNone = -1;
+    static void Release(Value search) noexcept; ///< FindClose
+};
+using OwnedFileSearch = Owned<FileSearchTraits>;
+
+/// What a search finds. Folders are found like files.
+struct FoundFile {
+    String name; ///< without its folder
+    std::uint32_t attributes = 0;
+};
+
+/// Begins a search; a pattern without a folder is sought in the current directory. No search when nothing
+/// matches or the folder can't be read.
+OwnedFileSearch FindFirstFileW(const String& sPattern, FoundFile& found);
+
+/// False: there is no further match.
+bool FindNextFileW(const OwnedFileSearch& search, FoundFile& found);
+
 /// The folder of the executable, without a backslash at the end unless it is a root.
 String ProgramFolder();
 

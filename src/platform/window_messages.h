@@ -10,6 +10,9 @@ namespace kestrelmoor::platform {
 /// Messages to windows, and the procedure that receives a form's.
 
 namespace window_message {
+inline constexpr std::uint32_t kSetText = 12;       ///< lParam: a text that ends in NUL
+inline constexpr std::uint32_t kGetText = 13;       ///< wParam: characters in the buffer of lParam, NUL too
+inline constexpr std::uint32_t kGetTextLength = 14; ///< without the NUL
 inline constexpr std::uint32_t kSysColorChange = 21;
 inline constexpr std::uint32_t kSettingChange = 26;
 inline constexpr std::uint32_t kKeyDown = 256;

@@ -2,6 +2,7 @@
 
 #include "runtime/errors.h"
 #include "shell/program_state.h"
+#include "window_services/IThemedControl.h"
 
 #include <utility>
 
@@ -12,7 +13,6 @@ namespace {
 constexpr Colour kReference = 0x80000000;
 constexpr Colour kReferenceIndex = 0x00FFFFFF; ///< of a reference that a theme is asked for
 constexpr Colour kSystemIndex = 0x7FF;         ///< of a reference that the system is asked for
-constexpr Colour kFocusTint = 0x80FFFF;        ///< pale yellow
 constexpr std::uint32_t kFramesStyled = 1;
 constexpr char16_t kClassList[] = u"WINDOW";
 constexpr int kIconGroup = 1;
@@ -83,6 +83,11 @@ void ApplyTo(Control& control, const ThemedColours& colours, Form& form) {
         break;
     case ControlKind::TextBox:
         ApplyTextBoxColors(static_cast<TextBox&>(control), form);
+        break;
+    case ControlKind::UserControl:
+        if (auto* const themed = dynamic_cast<IThemedControl*>(&control))
+            themed->SetThemedColors(colours.button_face, colours.button_text, colours.window_back,
+                                    colours.window_text);
         break;
     case ControlKind::Timer:
     case ControlKind::PictureBox:

@@ -28,6 +28,9 @@ void ApplyTextBoxColors(TextBox& box, Form& form);
 /// Each channel the mean of the two, rounded down; references are resolved first.
 Colour MixColors(Colour a, Colour b);
 
+/// What a text box is tinted with while it has the focus: pale yellow.
+inline constexpr Colour kFocusTint = 0x80FFFF;
+
 /// The present plain colour of a system reference; a plain colour as it stands.
 Colour ResolveColor(Colour nColour);
 

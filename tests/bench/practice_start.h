@@ -2,6 +2,8 @@
 
 #include "platform/practice/world/world.h"
 
+#include <chrono>
+
 namespace kestrelmoor::bench {
 
 /// The world of all benchmarks, the stock one, with the program's words and font brought up in it. The record
@@ -17,5 +19,12 @@ inline constexpr char16_t kNewPassword[] = u"Next-Password-2";
 
 /// Gives every account its old password again.
 void ResetPasswords(practice::World& world);
+
+template <class Action>
+double SecondsOf(Action action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
 
 } // namespace kestrelmoor::bench

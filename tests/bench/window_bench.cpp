@@ -8,20 +8,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-
 namespace kestrelmoor::bench {
 
 namespace {
-
-using Seconds = std::chrono::duration<double>;
-
-template <class Action>
-double SecondsOf(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return Seconds(std::chrono::steady_clock::now() - start).count();
-}
 
 /// The targets' part of opening the window is what 1,000 and 10,000 servers add to ten.
 void OpenTheWindowWithServers(benchmark::State& state) {

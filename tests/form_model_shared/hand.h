@@ -25,6 +25,9 @@ class Hand {
     virtual void ClickOn(Control& control) = 0;
     virtual void ChooseRow(ListBox& list, int row) = 0;
 
+    /// A click on the mark of a row.
+    virtual void ToggleRow(ListBox& list, int row) = 0;
+
     /// The close box.
     virtual void CloseWindow(Form& form) = 0;
 

@@ -52,6 +52,7 @@ class NativeHand : public Hand {
     void Type(StringView text) override { mUser.Type(text); }
     void ClickOn(Control& control) override { mUser.ClickOn(control); }
     void ChooseRow(ListBox& list, int row) override { mUser.ChooseRow(list, row); }
+    void ToggleRow(ListBox& list, int row) override { mUser.ToggleRow(list, row); }
     void CloseWindow(Form& form) override { mUser.CloseWindow(form); }
     void Settle() override { Application::Current().DoEvents(); }
     void Later(std::function<void()> action) override { mDesktop.Add(std::move(action)); }

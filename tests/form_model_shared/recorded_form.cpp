@@ -1,5 +1,7 @@
 #include "tests/form_model_shared/recorded_form.h"
 
+#include "runtime/forms/user_control.h"
+
 #include <utility>
 
 namespace kestrelmoor::tests {
@@ -69,20 +71,22 @@ constexpr FormDesign kDesign = {.name = u"frmRecorded",
 
 } // namespace
 
-RecordedForm::RecordedForm() : Form(kDesign) {
-    for (const auto& control : Controls())
+RecordedForm::RecordedForm() : ListeningForm(kDesign) {}
+
+ListeningForm::ListeningForm(const FormDesign& design) : Form(design) {
+    for (Control* const control : AllControls())
         Listen(*control);
 }
 
-Events RecordedForm::Take() {
+Events ListeningForm::Take() {
     return std::exchange(mEvents, {});
 }
 
-void RecordedForm::On(const std::string& event, std::function<void()> action) {
+void ListeningForm::On(const std::string& event, std::function<void()> action) {
     mActions.push_back({event, std::move(action)});
 }
 
-void RecordedForm::Form_KeyDown(int& KeyCode, int Shift) {
+void ListeningForm::Form_KeyDown(int& KeyCode, int Shift) {
     if (KeyCode != key::kF1)
         return;
     Happened("KeyDown F1, shift " + std::to_string(Shift));
@@ -90,7 +94,7 @@ void RecordedForm::Form_KeyDown(int& KeyCode, int Shift) {
         KeyCode = 0;
 }
 
-void RecordedForm::Listen(Control& control) {
+void ListeningForm::Listen(Control& control) {
     const std::string name = ToUtf8(control.Name());
     control.Click = [this, name] { Happened(name + " Click"); };
     control.GotFocus = [this, name] { Happened(name + " GotFocus"); };
@@ -98,13 +102,25 @@ void RecordedForm::Listen(Control& control) {
         const Control* const holder = ActiveControl();
         Happened(name + " LostFocus to " + (holder != nullptr ? ToUtf8(holder->Name()) : "none"));
     };
-    if (auto* const box = dynamic_cast<TextBox*>(&control))
-        box->Change = [this, name, box] { Happened(name + " Change '" + ToUtf8(box->Text()) + "'"); };
-    if (auto* const list = dynamic_cast<ListBox*>(&control))
-        list->Click = [this, name, list] { Happened(name + " Click " + std::to_string(list->ListIndex())); };
+    ListenToKind(control, name);
 }
 
-void RecordedForm::Happened(const std::string& event) {
+void ListeningForm::ListenToKind(Control& control, const std::string& name) {
+    if (auto* const box = dynamic_cast<TextBox*>(&control))
+        box->Change = [this, name, box] { Happened(name + " Change '" + ToUtf8(box->Text()) + "'"); };
+    if (auto* const rows = dynamic_cast<RowControl*>(&control))
+        rows->Click = [this, name, rows] { Happened(name + " Click " + std::to_string(rows->ListIndex())); };
+    if (auto* const list = dynamic_cast<ListBox*>(&control))
+        list->ItemCheck = [this, name, list](int row) {
+            Happened(name + " ItemCheck " + std::to_string(row) + (list->Selected(row) ? " on" : " off"));
+        };
+    if (auto* const user_control = dynamic_cast<UserControl*>(&control)) {
+        user_control->Resize = [this, name] { Happened(name + " Resize"); };
+        user_control->Hide = [this, name] { Happened(name + " Hide"); };
+    }
+}
+
+void ListeningForm::Happened(const std::string& event) {
     Note(event);
     for (const Action& action : std::vector<Action>(mActions))
         if (action.event == event)

@@ -10,14 +10,11 @@ namespace kestrelmoor::tests {
 
 using Events = std::vector<std::string>;
 
-/// The form that the shared tests act on. It writes down every event in the order in which it comes; a test
-/// adds what its handler is to do by `On`.
-class RecordedForm : public Form {
+/// A form that writes down every event in the order in which it comes, those of its controls and of what user
+/// controls are made of; a test adds what its handler is to do by `On`.
+class ListeningForm : public Form {
   public:
-    /// In tab order: a label and a box each for "&First" and "&Second", the check box "&Mark", the frame
-    /// "Group" with a box within, a sorted list, and the buttons "&OK" (default), "Cancel" (cancel) and
-    /// "R&&D &More".
-    RecordedForm();
+    explicit ListeningForm(const FormDesign& design);
 
     /// The events so far, which are forgotten with that.
     Events Take();
@@ -25,16 +22,6 @@ class RecordedForm : public Form {
 
     /// Runs `action` within the handler of the event that is written down as `event`, behind the note.
     void On(const std::string& event, std::function<void()> action);
-
-    TextBox& txtFirst = Get<TextBox>(u"txtFirst");
-    TextBox& txtSecond = Get<TextBox>(u"txtSecond");
-    CheckBox& chkMark = Get<CheckBox>(u"chkMark");
-    Frame& fraGroup = Get<Frame>(u"fraGroup");
-    TextBox& txtInside = Get<TextBox>(u"txtInside");
-    ListBox& lstRows = Get<ListBox>(u"lstRows");
-    CommandButton& cmdOK = Get<CommandButton>(u"cmdOK");
-    CommandButton& cmdCancel = Get<CommandButton>(u"cmdCancel");
-    CommandButton& cmdMore = Get<CommandButton>(u"cmdMore");
 
     bool swallows_f1 = true;
 
@@ -50,10 +37,30 @@ class RecordedForm : public Form {
     };
 
     void Listen(Control& control);
+    void ListenToKind(Control& control, const std::string& name);
     void Happened(const std::string& event);
 
     Events mEvents;
     std::vector<Action> mActions;
+};
+
+/// The form that most shared tests act on.
+class RecordedForm : public ListeningForm {
+  public:
+    /// In tab order: a label and a box each for "&First" and "&Second", the check box "&Mark", the frame
+    /// "Group" with a box within, a sorted list, and the buttons "&OK" (default), "Cancel" (cancel) and
+    /// "R&&D &More".
+    RecordedForm();
+
+    TextBox& txtFirst = Get<TextBox>(u"txtFirst");
+    TextBox& txtSecond = Get<TextBox>(u"txtSecond");
+    CheckBox& chkMark = Get<CheckBox>(u"chkMark");
+    Frame& fraGroup = Get<Frame>(u"fraGroup");
+    TextBox& txtInside = Get<TextBox>(u"txtInside");
+    ListBox& lstRows = Get<ListBox>(u"lstRows");
+    CommandButton& cmdOK = Get<CommandButton>(u"cmdOK");
+    CommandButton& cmdCancel = Get<CommandButton>(u"cmdCancel");
+    CommandButton& cmdMore = Get<CommandButton>(u"cmdMore");
 };
 
 } // namespace kestrelmoor::tests

@@ -8,7 +8,8 @@
 namespace kestrelmoor::tests {
 
 /// A form that stands on the desktop with the focus in its first box and no event written down yet.
-class ShownForm : public testing::Test {
+template <class Kind>
+class Shown : public testing::Test {
   protected:
     void SetUp() override {
         form->Show();
@@ -30,7 +31,9 @@ class ShownForm : public testing::Test {
     }
 
     std::unique_ptr<Hand> hand = MakeHand();
-    std::shared_ptr<RecordedForm> form = Application::Current().Make<RecordedForm>();
+    std::shared_ptr<Kind> form = Application::Current().Make<Kind>();
 };
+
+using ShownForm = Shown<RecordedForm>;
 
 } // namespace kestrelmoor::tests

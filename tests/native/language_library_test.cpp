@@ -166,7 +166,7 @@ TEST_F(LanguageLibrary, HoldsOneLanguageAndSaysSoAheadOfInitialize) {
     ASSERT_EQ(mObject->table->Languages(mObject, &array), LOC_S_OK);
     EXPECT_EQ(array->dimensions, 1);
     EXPECT_EQ(array->element_size, 2u);
-    EXPECT_EQ(array->lower_bound, 0);
+    EXPECT_EQ(array->lower_bound, 1);
     ASSERT_EQ(array->count, 1u);
     EXPECT_EQ(static_cast<std::int16_t*>(array->data)[0], kEnglish);
     LocFreeArray(array);

@@ -30,20 +30,19 @@ TEST(TakeText, nullAndEmptyAreEmpty) {
     EXPECT_EQ(TakeText(reinterpret_cast<char16_t*>(::SysAllocString(L""))), u"");
 }
 
-TEST(TakeNumbers, keepsTheNumbersWhateverTheFirstIndex) {
+TEST(TakeNumbers, keepsTheNumbersAndTheirFirstIndex) {
     const std::vector<std::int16_t> languages = {1033, 2057, -1};
-    EXPECT_EQ(TakeNumbers(Array(VT_I2, 0, languages)), languages);
-    EXPECT_EQ(TakeNumbers(Array(VT_I2, 1, languages)), languages);
-    EXPECT_EQ(TakeNumbers(Array(VT_I2, -5, languages)), languages);
+    for (const std::int32_t first : {0, 1, -5})
+        EXPECT_EQ(TakeNumbers(Array(VT_I2, first, languages)), kestrelmoor::Array(first, languages));
 }
 
-TEST(TakeNumbers, anythingElseIsAnEmptyList) {
-    EXPECT_TRUE(TakeNumbers(nullptr).empty());
-    EXPECT_TRUE(TakeNumbers(Array(VT_I2, 0, {})).empty());
-    EXPECT_TRUE(TakeNumbers(Array(VT_BOOL, 0, {-1, 0})).empty());
-    EXPECT_TRUE(TakeNumbers(::SafeArrayCreateVector(VT_I4, 0, 2)).empty());
+TEST(TakeNumbers, anythingElseHasNoStorage) {
+    EXPECT_FALSE(TakeNumbers(nullptr).HasStorage());
+    EXPECT_FALSE(TakeNumbers(Array(VT_I2, 0, {})).HasStorage());
+    EXPECT_FALSE(TakeNumbers(Array(VT_BOOL, 0, {-1, 0})).HasStorage());
+    EXPECT_FALSE(TakeNumbers(::SafeArrayCreateVector(VT_I4, 0, 2)).HasStorage());
     SAFEARRAYBOUND bounds[2] = {{2, 0}, {2, 0}};
-    EXPECT_TRUE(TakeNumbers(::SafeArrayCreate(VT_I2, 2, bounds)).empty());
+    EXPECT_FALSE(TakeNumbers(::SafeArrayCreate(VT_I2, 2, bounds)).HasStorage());
 }
 
 } // namespace

@@ -82,6 +82,27 @@ TEST_F(FilesTest, tellsAFolderFromAFile) {
     EXPECT_EQ(GetFileAttributesW(ProgramFolder()) & kDirectoryAttribute, kDirectoryAttribute);
 }
 
+TEST_F(FilesTest, aSearchFindsEachMatchOnceAndEnds) {
+    for (const char16_t* const ending : {u".1.search", u".2.search", u".other"})
+        Append(OpenForAppending(mPath + ending), "x");
+    FoundFile found;
+    const OwnedFileSearch search = FindFirstFileW(mPath + u".*.search", found);
+    ASSERT_TRUE(search);
+    const String first = found.name;
+    EXPECT_EQ(found.attributes & kDirectoryAttribute, 0U);
+    EXPECT_TRUE(FindNextFileW(search, found));
+    EXPECT_NE(found.name, first);
+    EXPECT_FALSE(FindNextFileW(search, found));
+    for (const char16_t* const ending : {u".1.search", u".2.search", u".other"})
+        ::DeleteFileW(Wide(mPath + ending));
+}
+
+TEST_F(FilesTest, aSearchWithoutAMatchIsNone) {
+    FoundFile found;
+    EXPECT_FALSE(FindFirstFileW(mPath + u".*.search", found));
+    EXPECT_FALSE(FindFirstFileW(mPath + u".folder\\*", found));
+}
+
 TEST(Program, knowsItsFolderAndName) {
     EXPECT_EQ(ProgramBaseName(), u"windows_tests");
     EXPECT_NE(ProgramFolder().back(), u'\\');

@@ -113,6 +113,18 @@ POINT MiddleOf(const RECT& place) {
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
+RECT RowPlace(const ListBox& list, int row) {
+    RECT place{};
+    ::SendMessageW(WindowOf(list), LB_GETITEMRECT, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+POINT OnScreen(const ListBox& list, POINT point) {
+    ::ClientToScreen(WindowOf(list), &point);
+    return point;
+}
+
 class WindowsHand : public Hand {
   public:
     WindowsHand() { Application::Current().SetDesktop(&mDesktop); }
@@ -156,12 +168,13 @@ class WindowsHand : public Hand {
     }
 
     void ChooseRow(ListBox& list, int row) override {
-        const HWND window = WindowOf(list);
-        RECT place{};
-        ::SendMessageW(window, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-        POINT middle = MiddleOf(place);
-        ::ClientToScreen(window, &middle);
-        ClickAt(middle);
+        ClickAt(OnScreen(list, MiddleOf(RowPlace(list, row))));
+    }
+
+    void ToggleRow(ListBox& list, int row) override {
+        const RECT place = RowPlace(list, row);
+        const LONG half = (place.bottom - place.top) / 2;
+        ClickAt(OnScreen(list, {place.left + half, place.top + half}));
     }
 
     void CloseWindow(Form& form) override {

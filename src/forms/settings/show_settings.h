@@ -4,8 +4,8 @@
 
 namespace kestrelmoor {
 
-/// Shows the settings modally over `owner` and returns when they have been closed. There is no settings
-/// window yet: nothing is shown and nothing changes.
+/// Shows the settings modally over `owner` and returns when they have been closed. Each opening starts from
+/// the program's state.
 extern void (*ShowSettings)(Form& owner);
 
 } // namespace kestrelmoor

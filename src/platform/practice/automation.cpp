@@ -10,12 +10,12 @@ String TakeText(char16_t* text) {
     return taken;
 }
 
-std::vector<std::int16_t> TakeNumbers(void* array) {
+Array<std::int16_t> TakeNumbers(void* array) {
     auto* const numbers = static_cast<abi::LocArray*>(array);
-    std::vector<std::int16_t> taken;
+    Array<std::int16_t> taken;
     if (numbers && numbers->dimensions == 1 && numbers->element_size == sizeof(std::int16_t)) {
         const auto* const first = static_cast<const std::int16_t*>(numbers->data);
-        taken.assign(first, first + numbers->count);
+        taken = {numbers->lower_bound, std::vector<std::int16_t>(first, first + numbers->count)};
     }
     abi::LocFreeArray(numbers);
     return taken;

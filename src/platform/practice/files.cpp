@@ -1,7 +1,10 @@
 #include "platform/files.h"
 
+#include "platform/practice/world/file_search.h"
 #include "platform/practice/world/world.h"
 #include "runtime/errors.h"
+
+#include <utility>
 
 namespace kestrelmoor::platform {
 
@@ -10,6 +13,9 @@ namespace {
 using practice::File;
 using practice::HandleKind;
 using practice::TheWorld;
+
+/// What a search has not handed out yet, by folded name: in the order in which a folder lists its files.
+using Matches = practice::FilesByName;
 
 constexpr std::uint32_t kFileNotFound = 2;
 constexpr std::uint32_t kPathNotFound = 3;
@@ -31,6 +37,12 @@ constexpr std::uint32_t kAccessDenied = 5;
 
 [[noreturn]] void RaiseForMissing(const String& path) {
     RaiseForCode(TheWorld().files.FolderOf(path) ? kFileNotFound : kPathNotFound);
+}
+
+void TakeNext(Matches& matches, FoundFile& found) {
+    const auto first = matches.begin();
+    found = {first->second.name, first->second.attributes};
+    matches.erase(first);
 }
 
 bool RefusesNewFile(const String& path) {
@@ -57,6 +69,32 @@ std::uint32_t GetFileAttributesW(const String& sPath) {
     if (world.libraries.Find(world.files.FullPath(sPath)))
         return practice::file_attribute::kArchive;
     RaiseForMissing(sPath);
+}
+
+void FileSearchTraits::Release(Value search) noexcept {
+    TheWorld().calls.Enter("FindClose");
+    TheWorld().handles.Close(HandleKind::FileSearch, static_cast<std::uintptr_t>(search));
+}
+
+OwnedFileSearch FindFirstFileW(const String& sPattern, FoundFile& found) {
+    practice::World& world = TheWorld();
+    if (world.calls.Enter("FindFirstFileW", {sPattern}))
+        return {};
+    Matches matches = practice::FilesMatching(world, sPattern);
+    if (matches.empty())
+        return {};
+    TakeNext(matches, found);
+    return OwnedFileSearch(
+        static_cast<std::intptr_t>(world.handles.Open(HandleKind::FileSearch, std::move(matches))));
+}
+
+bool FindNextFileW(const OwnedFileSearch& search, FoundFile& found) {
+    auto* const matches =
+        TheWorld().handles.Find<Matches>(HandleKind::FileSearch, static_cast<std::uintptr_t>(search.Get()));
+    if (TheWorld().calls.Enter("FindNextFileW") || !matches || matches->empty())
+        return false;
+    TakeNext(*matches, found);
+    return true;
 }
 
 String ProgramFolder() {

@@ -49,6 +49,7 @@ class PracticeControlPeer : public ControlPeer {
     void RowRemoved(int) override { KeepRowsInView(); }
     void RowReplaced(int) override {}
     void RowsCleared() override { KeepRowsInView(); }
+    void RowMarked(int) override {}
     bool ReadSelection(int&, int&) override { return false; }
     void ReplaceSelection(StringView) override {}
     void TakeFocus() override {}

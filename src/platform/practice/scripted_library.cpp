@@ -46,7 +46,7 @@ LocText NewText(const String& text) {
     return reinterpret_cast<LocText>(block + 1);
 }
 
-LocArray* NewArray(const std::vector<std::int16_t>& numbers) {
+LocArray* NewArray(const std::vector<std::int16_t>& numbers, std::int32_t first_index) {
     const std::size_t size = numbers.size() * sizeof(std::int16_t);
     auto* const array = static_cast<LocArray*>(std::malloc(sizeof(LocArray) + size));
     if (!array)
@@ -56,6 +56,7 @@ LocArray* NewArray(const std::vector<std::int16_t>& numbers) {
     array->element_size = sizeof(std::int16_t);
     array->data = array + 1;
     array->count = static_cast<std::uint32_t>(numbers.size());
+    array->lower_bound = first_index;
     std::copy(numbers.begin(), numbers.end(), reinterpret_cast<std::int16_t*>(array + 1));
     return array;
 }
@@ -127,7 +128,7 @@ struct Speaker : Held<ILocalization, Speaker> {
         return LOC_S_OK;
     }
     static std::int32_t Languages(ILocalization* self, LocArray** out) {
-        *out = NewArray(ScriptOf(self).languages);
+        *out = NewArray(ScriptOf(self).languages, ScriptOf(self).first_index);
         return *out ? LOC_S_OK : LOC_E_OUTOFMEMORY;
     }
     static std::int32_t FontName(ILocalization* self, LocText* out) {

@@ -5,6 +5,7 @@
 #include "platform/practice/window_manners.h"
 #include "platform/practice/window_places.h"
 #include "runtime/forms/application.h"
+#include "runtime/forms/user_control.h"
 
 namespace kestrelmoor::practice {
 
@@ -43,11 +44,11 @@ Form* FrontForm() {
 
 // What of a key that the form has let pass reaches the window with the focus.
 void Deliver(Form& form, int key, char16_t character) {
-    if (Control* const control = form.ActiveControl())
+    if (Control* const control = form.FocusHolder())
         TakeKey(*control, key);
     if (character == 0 || form.KeyPress(character))
         return;
-    if (Control* const control = form.ActiveControl())
+    if (Control* const control = form.FocusHolder())
         TakeCharacter(*control, character);
 }
 
@@ -96,6 +97,20 @@ bool PressWithCharacter(int key, int shift, char16_t character) {
 bool CanBeClicked(const Control& control) {
     const Form& form = control.Parent();
     return form.Visible() && form.InputEnabled() && control.IsUsable();
+}
+
+/// What a click in the middle of a control hits: of a user control the constituent that lies there.
+Control& InTheMiddle(Control& control) {
+    const auto* const user_control = dynamic_cast<const UserControl*>(&control);
+    if (user_control == nullptr)
+        return control;
+    const Twips x = control.Width() / 2;
+    const Twips y = control.Height() / 2;
+    for (const auto& part : user_control->Constituents())
+        if (part->Visible() && x >= part->Left() && x < part->Left() + part->Width() && y >= part->Top() &&
+            y < part->Top() + part->Height())
+            return *part;
+    return control;
 }
 
 // The window takes the press, and moves the focus itself. False: the press was swallowed.
@@ -168,11 +183,12 @@ bool User::Type(StringView text) {
 }
 
 bool User::ClickOn(Control& control) {
-    if (!CanBeClicked(control))
+    Control& hit = InTheMiddle(control);
+    if (!CanBeClicked(hit))
         return false;
-    const std::shared_ptr<Form> form = control.Parent().shared_from_this();
-    if (PressMouse(control, [&control] { TakePress(control); }))
-        TakeClick(control);
+    const std::shared_ptr<Form> form = hit.Parent().shared_from_this();
+    if (PressMouse(hit, [&hit] { TakePress(hit); }))
+        TakeClick(hit);
     return true;
 }
 

@@ -17,7 +17,8 @@ class User {
     /// Character by character; a line feed is Return and a tab the Tab key.
     bool Type(StringView text);
 
-    /// A click of the left button in the middle of the control, which comes to front with its form.
+    /// A click of the left button in the middle of the control, which comes to front with its form. In a user
+    /// control it hits the constituent that lies there.
     bool ClickOn(Control& control);
 
     /// A click on a row of a list, which is scrolled to it first where it is out of view, or the choice of

@@ -1,6 +1,7 @@
 #include "platform/window_messages.h"
 
 #include "platform/practice/list_views.h"
+#include "platform/practice/system_windows.h"
 #include "platform/practice/window_manners.h"
 #include "platform/practice/window_places.h"
 #include "platform/practice/windows.h"
@@ -54,6 +55,8 @@ std::intptr_t CallWindowProcW(PreviousProcedure previous, WindowHandle hWnd, std
 std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam,
                            std::intptr_t lParam) {
     TheWorld().calls.Enter("SendMessageW", {hWnd, uMsg, wParam, lParam});
+    if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd))
+        return practice::SystemWindows::Answer(*window, uMsg, wParam, lParam);
     return practice::DeliverMessage(hWnd, uMsg, wParam, lParam);
 }
 

@@ -6,6 +6,7 @@
 #include "runtime/owned.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <windows.h>
 
@@ -48,14 +49,18 @@ bool HoldsNumbers(SAFEARRAY* array) {
     return !get_type || FAILED(get_type(array, &kind)) || kind == VT_I2;
 }
 
-std::size_t CountElements(SAFEARRAY* array) {
-    static BoundEntry<decltype(::SafeArrayGetLBound)> lower{OleAut32(), "SafeArrayGetLBound"};
-    static BoundEntry<decltype(::SafeArrayGetUBound)> upper{OleAut32(), "SafeArrayGetUBound"};
+struct Bounds {
     LONG first = 0;
     LONG last = -1;
-    RaiseIfFailed(lower.Get()(array, 1, &first));
-    RaiseIfFailed(upper.Get()(array, 1, &last));
-    return static_cast<std::size_t>(last - first + 1);
+};
+
+Bounds BoundsOf(SAFEARRAY* array) {
+    static BoundEntry<decltype(::SafeArrayGetLBound)> lower{OleAut32(), "SafeArrayGetLBound"};
+    static BoundEntry<decltype(::SafeArrayGetUBound)> upper{OleAut32(), "SafeArrayGetUBound"};
+    Bounds bounds;
+    RaiseIfFailed(lower.Get()(array, 1, &bounds.first));
+    RaiseIfFailed(upper.Get()(array, 1, &bounds.last));
+    return bounds;
 }
 
 } // namespace
@@ -68,20 +73,21 @@ String TakeText(char16_t* text) {
     return String(text, length.Get()(owned.Get()));
 }
 
-std::vector<std::int16_t> TakeNumbers(void* array) {
+Array<std::int16_t> TakeNumbers(void* array) {
     static BoundEntry<decltype(::SafeArrayAccessData)> access{OleAut32(), "SafeArrayAccessData"};
     static BoundEntry<decltype(::SafeArrayUnaccessData)> leave{OleAut32(), "SafeArrayUnaccessData"};
     const Owned<ArrayTraits> owned{static_cast<SAFEARRAY*>(array)};
     if (!owned || !HoldsNumbers(owned.Get()))
         return {};
-    std::vector<std::int16_t> numbers(CountElements(owned.Get()));
+    const Bounds bounds = BoundsOf(owned.Get());
+    std::vector<std::int16_t> numbers(static_cast<std::size_t>(bounds.last - bounds.first + 1));
     const auto unlock = leave.Get();
     void* data = nullptr;
     RaiseIfFailed(access.Get()(owned.Get(), &data));
     const auto first = static_cast<const std::int16_t*>(data);
     std::copy(first, first + numbers.size(), numbers.begin());
     unlock(owned.Get());
-    return numbers;
+    return {bounds.first, std::move(numbers)};
 }
 
 } // namespace kestrelmoor::platform

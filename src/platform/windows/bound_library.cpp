@@ -32,8 +32,23 @@ BoundLibrary& Kernel32() {
     return library;
 }
 
+BoundLibrary& Ole32() {
+    static BoundLibrary library{L"ole32.dll"};
+    return library;
+}
+
 BoundLibrary& OleAut32() {
     static BoundLibrary library{L"oleaut32.dll"};
+    return library;
+}
+
+BoundLibrary& UxTheme() {
+    static BoundLibrary library{L"uxtheme.dll"};
+    return library;
+}
+
+BoundLibrary& Shell32() {
+    static BoundLibrary library{L"shell32.dll"};
     return library;
 }
 

@@ -57,6 +57,9 @@ class BoundEntry {
 
 /// The libraries that more than one source binds to.
 BoundLibrary& Kernel32();
+BoundLibrary& Ole32();
 BoundLibrary& OleAut32();
+BoundLibrary& Shell32();
+BoundLibrary& UxTheme();
 
 } // namespace kestrelmoor::platform

@@ -31,13 +31,6 @@ void EndAt(const RECT& box, RECT& label) {
         label.right = box.left;
 }
 
-bool IsOfChildren(UINT message) {
-    return message == WM_COMMAND || message == WM_NOTIFY || message == WM_DRAWITEM ||
-           message == WM_MEASUREITEM || message == WM_COMPAREITEM || message == WM_DELETEITEM ||
-           message == WM_VKEYTOITEM || message == WM_CHARTOITEM ||
-           (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
-}
-
 } // namespace
 
 LabelWindow::LabelWindow(FormWindow& form, Label& label)
@@ -47,7 +40,7 @@ LabelWindow::LabelWindow(FormWindow& form, Label& label)
 
 void LabelWindow::ShowPlace() {
     RECT place = PixelPlace(Model());
-    for (const auto& other : Model().Parent().Controls())
+    for (const Control* const other : Model().Parent().AllControls())
         if (IsBox(*other) && other->Visible() && other->Container() == Model().Container())
             EndAt(PixelPlace(*other), place);
     RECT before{};
@@ -94,20 +87,6 @@ void CheckWindow::Show(Property what) {
 
 void CheckWindow::Notified(int) {
     static_cast<CheckBox&>(Model()).Pressed();
-}
-
-FrameWindow::FrameWindow(FormWindow& form, Control& frame)
-    : ControlWindow(form, frame, {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {}
-
-LRESULT FrameWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
-    if (IsOfChildren(message) && parameter != 0)
-        return ::SendMessageW(::GetParent(Handle()), message, wide, parameter);
-    if (message != WM_ERASEBKGND)
-        return ControlWindow::Process(message, wide, parameter);
-    RECT client{};
-    ::GetClientRect(Handle(), &client);
-    ::FillRect(reinterpret_cast<HDC>(wide), &client, BrushOf(Model().BackColor()));
-    return TRUE;
 }
 
 } // namespace kestrelmoor::platform

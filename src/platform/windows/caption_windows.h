@@ -33,13 +33,4 @@ class CheckWindow : public ControlWindow {
     void Notified(int code) override;
 };
 
-/// Holds other controls, whose messages it passes on to the form.
-class FrameWindow : public ControlWindow {
-  public:
-    FrameWindow(FormWindow& form, Control& frame);
-
-  protected:
-    LRESULT Process(UINT message, WPARAM wide, LPARAM parameter) override;
-};
-
 } // namespace kestrelmoor::platform

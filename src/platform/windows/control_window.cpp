@@ -25,8 +25,10 @@ HWND HolderOf(const FormWindow& form, const Control& control) {
     return control.Container() ? HandleOf(*control.Container()) : form.Handle();
 }
 
-/// What stands in no tab order lies behind what does.
+/// What stands in no tab order lies behind what does. A user control may be laid over its neighbours.
 int Rank(const Control& control) {
+    if (control.Kind() == ControlKind::UserControl)
+        return -1;
     return control.TabIndex() < 0 ? INT_MAX : control.TabIndex();
 }
 
@@ -89,11 +91,11 @@ ControlWindow* ControlWindow::Of(HWND window) {
 // A screen reader takes a box's name from the label ahead of it, and what comes first lies on top.
 void ControlWindow::PutInTabOrder() const {
     const Control* ahead = nullptr;
-    for (const auto& other : mControl.Parent().Controls()) {
-        const bool is_candidate = other.get() != &mControl && other->Container() == mControl.Container() &&
+    for (const Control* const other : mControl.Parent().AllControls()) {
+        const bool is_candidate = other != &mControl && other->Container() == mControl.Container() &&
                                   HandleOf(*other) && Rank(*other) <= Rank(mControl);
         if (is_candidate && (!ahead || Rank(*other) >= Rank(*ahead)))
-            ahead = other.get();
+            ahead = other;
     }
     ::SetWindowPos(mWindow, ahead ? HandleOf(*ahead) : HWND_TOP, 0, 0, 0, 0,
                    SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -31,6 +31,7 @@ class ControlWindow : public ControlPeer {
     void RowRemoved(int) override {}
     void RowReplaced(int) override {}
     void RowsCleared() override {}
+    void RowMarked(int) override {}
     bool ReadSelection(int&, int&) override { return false; }
     void ReplaceSelection(StringView) override {}
     void TakeFocus() override;
@@ -45,6 +46,9 @@ class ControlWindow : public ControlPeer {
 
     /// Answers the question for colours: sets those of the text, gives the background. Null: the system's.
     virtual HBRUSH Colours(HDC context, UINT question) const;
+
+    /// A row of a list that is drawn here.
+    virtual void Draw(const DRAWITEMSTRUCT& /*item*/) const {}
 
     virtual void ShowPlace();
 

@@ -1,5 +1,6 @@
 #include "platform/windows/dialog_units.h"
 
+#include "platform/windows/fonts.h"
 #include "platform/windows/pixels.h"
 
 #include <algorithm>
@@ -20,15 +21,10 @@ constexpr int kUnitsPerCharacter = 4;
 
 /// That width as lists take it: over all letters, rounded.
 int AverageWidth(HWND list) {
-    static constexpr wchar_t kLetters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    static constexpr char16_t kLetters[] = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     constexpr int kCount = 52;
-    const HDC context = ::GetDC(list);
     const auto font = reinterpret_cast<HFONT>(::SendMessageW(list, WM_GETFONT, 0, 0));
-    const HGDIOBJ before = ::SelectObject(context, font);
-    SIZE extent{};
-    ::GetTextExtentPoint32W(context, kLetters, kCount, &extent);
-    ::SelectObject(context, before);
-    ::ReleaseDC(list, context);
+    const SIZE extent = TextExtent(font, kLetters);
     return std::max(1, static_cast<int>((extent.cx / (kCount / 2) + 1) / 2));
 }
 

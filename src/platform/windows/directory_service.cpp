@@ -13,11 +13,6 @@
 namespace kestrelmoor::platform {
 namespace {
 
-BoundLibrary& Ole32() {
-    static BoundLibrary library{L"ole32.dll"};
-    return library;
-}
-
 /// COM for this thread, single-threaded, entered once and not left until the process ends: providers keep
 /// their threads and connections from one bind to the next.
 void EnterCom() {

@@ -29,6 +29,11 @@ HANDLE Handle(const OwnedAppendFile& file) {
     return reinterpret_cast<HANDLE>(file.Get());
 }
 
+void Take(const WIN32_FIND_DATAW& data, FoundFile& found) {
+    found.name = FromWide(data.cFileName);
+    found.attributes = data.dwFileAttributes;
+}
+
 String ProgramPath() {
     String path(MAX_PATH, u'\0');
     for (;;) {
@@ -48,6 +53,28 @@ std::uint32_t GetFileAttributesW(const String& sPath) {
     if (attributes == INVALID_FILE_ATTRIBUTES)
         RaiseFileError(::GetLastError());
     return attributes;
+}
+
+void FileSearchTraits::Release(Value search) noexcept {
+    const LastErrorKept kept;
+    ::FindClose(reinterpret_cast<HANDLE>(search));
+}
+
+OwnedFileSearch FindFirstFileW(const String& sPattern, FoundFile& found) {
+    WIN32_FIND_DATAW data{};
+    OwnedFileSearch search(
+        reinterpret_cast<FileSearchTraits::Value>(::FindFirstFileW(Wide(sPattern), &data)));
+    if (search)
+        Take(data, found);
+    return search;
+}
+
+bool FindNextFileW(const OwnedFileSearch& search, FoundFile& found) {
+    WIN32_FIND_DATAW data{};
+    if (!::FindNextFileW(reinterpret_cast<HANDLE>(search.Get()), &data))
+        return false;
+    Take(data, found);
+    return true;
 }
 
 String ProgramFolder() {

@@ -2,6 +2,7 @@
 
 #include "platform/windows/gui_handles.h"
 #include "platform/windows/pixels.h"
+#include "platform/windows/wide_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,6 +44,16 @@ HFONT SystemFont(const Font& font) {
     if (!held)
         held = MakeFont(font);
     return held.Get();
+}
+
+SIZE TextExtent(HFONT font, StringView text) {
+    const HDC screen = ::GetDC(nullptr);
+    const HGDIOBJ before = ::SelectObject(screen, font);
+    SIZE extent{};
+    ::GetTextExtentPoint32W(screen, Wide(text.data()), static_cast<int>(text.size()), &extent);
+    ::SelectObject(screen, before);
+    ::ReleaseDC(nullptr, screen);
+    return extent;
 }
 
 } // namespace kestrelmoor::platform

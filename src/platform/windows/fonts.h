@@ -10,4 +10,7 @@ namespace kestrelmoor::platform {
 /// lives as long as the process.
 HFONT SystemFont(const Font& font);
 
+/// Width of a text and height of a line in a font, in pixels.
+SIZE TextExtent(HFONT font, StringView text);
+
 } // namespace kestrelmoor::platform

@@ -93,7 +93,7 @@ std::unique_ptr<ControlPeer> FormWindow::MakeControlPeer(Control& control) {
 }
 
 void FormWindow::PlaceLabels() const {
-    for (const auto& control : mForm.Controls())
+    for (const Control* const control : mForm.AllControls())
         if (control->Kind() == ControlKind::Label && control->Peer())
             static_cast<ControlWindow*>(control->Peer())->ShowPlace();
 }

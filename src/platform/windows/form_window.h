@@ -51,6 +51,7 @@ class FormWindow : public FormPeer {
     void Command(HWND window, int code);
     bool Colours(WPARAM context, LPARAM window, UINT question, LRESULT& brush) const;
     bool FillBackground(HDC context) const;
+    static bool DrawItem(const DRAWITEMSTRUCT& item);
     bool ShowPointer() const;
     void PointerChanged() const;
     void Activated();

@@ -73,6 +73,8 @@ LRESULT FormWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     case WM_COMMAND:
         Command(reinterpret_cast<HWND>(parameter), HIWORD(wide));
         return 0;
+    case WM_DRAWITEM:
+        return DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(parameter));
     case WM_TIMER:
         if (auto* const timer = TimerOf(mForm, wide))
             timer->Elapsed();
@@ -110,6 +112,13 @@ bool FormWindow::Colours(WPARAM context, LPARAM window, UINT question, LRESULT& 
     return brush != 0;
 }
 
+bool FormWindow::DrawItem(const DRAWITEMSTRUCT& item) {
+    const ControlWindow* const control = ControlWindow::Of(item.hwndItem);
+    if (control)
+        control->Draw(item);
+    return true;
+}
+
 bool FormWindow::ShowPointer() const {
     if (mForm.MousePointer() != mouse_pointer::kHourglass)
         return false;
@@ -138,7 +147,7 @@ void FormWindow::Activated() {
 }
 
 HWND FormWindow::FocusWindow() const {
-    const Control* const active = mForm.ActiveControl();
+    const Control* const active = mForm.FocusHolder();
     return active && active->Peer() ? reinterpret_cast<HWND>(active->Peer()->Window()) : Handle();
 }
 
@@ -167,7 +176,7 @@ void FormWindow::Settle() {
     const ControlWindow* const holder = ControlWindow::Of(::GetFocus());
     if (!holder)
         GiveFocus(FocusWindow());
-    else if (&holder->Model() != mForm.ActiveControl())
+    else if (&holder->Model() != mForm.FocusHolder())
         mForm.FocusMoved(&holder->Model());
 }
 

@@ -46,8 +46,8 @@ bool MayScroll(UINT message) {
 
 } // namespace
 
-ListWindow::ListWindow(FormWindow& form, ListBox& list)
-    : RowWindow(form, list, {L"LISTBOX", kListStyle, WS_EX_CLIENTEDGE}, kListMessages) {
+ListWindow::ListWindow(FormWindow& form, ListBox& list, DWORD style)
+    : RowWindow(form, list, {L"LISTBOX", kListStyle | style, WS_EX_CLIENTEDGE}, kListMessages) {
     ShowTabStops();
     ShowRows();
 }

@@ -82,10 +82,17 @@ void EndByError(const RuntimeError& error) noexcept {
 } // namespace kestrelmoor::platform
 
 /// What the C++ library calls for an exception that nobody took. Defined here and not set at the start, so
-/// that the library's own handler, which prints names of types, is not linked at all.
+/// that the library's own handler, which prints names of types, is not linked at all; the library names that
+/// one a second time, as what comes back when a handler is taken away.
 namespace __cxxabiv1 {
 extern std::terminate_handler __terminate_handler;
 std::terminate_handler __terminate_handler = [] {
     kestrelmoor::platform::EndByBox(L"An internal error: out of memory, or a fault in the program.");
 };
 } // namespace __cxxabiv1
+
+namespace __gnu_cxx {
+void __verbose_terminate_handler() {
+    __cxxabiv1::__terminate_handler();
+}
+} // namespace __gnu_cxx

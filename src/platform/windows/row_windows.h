@@ -40,7 +40,8 @@ class RowWindow : public ControlWindow {
 
 class ListWindow : public RowWindow {
   public:
-    ListWindow(FormWindow& form, ListBox& list);
+    /// `style` is added to that of every list.
+    ListWindow(FormWindow& form, ListBox& list, DWORD style = 0);
 
     void Show(Property what) override;
     void RowInserted(int row) override;
@@ -51,9 +52,10 @@ class ListWindow : public RowWindow {
   protected:
     LRESULT Process(UINT message, WPARAM wide, LPARAM parameter) override;
     void ShowFont() override;
+    ListBox& List() const { return static_cast<ListBox&>(Model()); }
+    bool IsDrawingHeld() const { return mDrawingHeld; } ///< until all of it is drawn anew
 
   private:
-    ListBox& List() const { return static_cast<ListBox&>(Model()); }
     void ShowTabStops() const;
     void HoldDrawing();
     void PostDone();

@@ -10,14 +10,6 @@
 #include <shlobj.h>
 
 namespace kestrelmoor::platform {
-namespace {
-
-BoundLibrary& Shell32() {
-    static BoundLibrary library{L"shell32.dll"};
-    return library;
-}
-
-} // namespace
 
 void ItemListTraits::Release(Value list) noexcept {
     static BoundEntry<decltype(::SHGetMalloc)> entry{Shell32(), "SHGetMalloc"};
@@ -31,10 +23,14 @@ void ItemListTraits::Release(Value list) noexcept {
 }
 
 std::int32_t SHGetSpecialFolderLocation(std::int32_t nFolder, OwnedItemList& list) {
+    return SHGetSpecialFolderLocation(0, nFolder, list);
+}
+
+std::int32_t SHGetSpecialFolderLocation(WindowHandle hWndOwner, std::int32_t nFolder, OwnedItemList& list) {
     static BoundEntry<decltype(::SHGetSpecialFolderLocation)> entry{Shell32(), "SHGetSpecialFolderLocation"};
     const auto call = entry.Get();
     PIDLIST_ABSOLUTE found = nullptr;
-    const HRESULT result = call(nullptr, nFolder, &found);
+    const HRESULT result = call(reinterpret_cast<HWND>(hWndOwner), nFolder, &found);
     list.Reset(found);
     return result;
 }

@@ -18,6 +18,7 @@ class TimerPeer : public ControlPeer {
     void RowRemoved(int) override {}
     void RowReplaced(int) override {}
     void RowsCleared() override {}
+    void RowMarked(int) override {}
     bool ReadSelection(int&, int&) override { return false; }
     void ReplaceSelection(StringView) override {}
     void TakeFocus() override {}

@@ -6,6 +6,8 @@
 
 namespace kestrelmoor::platform {
 
+static_assert(kLanguageName == LOCALE_SLANGUAGE);
+
 std::uint16_t GetUserDefaultUILanguage() {
     static BoundEntry<LANGID WINAPI()> entry{Kernel32(), "GetUserDefaultUILanguage"};
     const auto call = entry.Find();
@@ -14,6 +16,11 @@ std::uint16_t GetUserDefaultUILanguage() {
 
 std::uint32_t GetThreadLocale() {
     return ::GetThreadLocale();
+}
+
+int GetLocaleInfoW(std::uint32_t nLocale, std::uint32_t nType, std::span<char16_t> buffer) {
+    return ::GetLocaleInfoW(nLocale, nType, reinterpret_cast<wchar_t*>(buffer.data()),
+                            static_cast<int>(buffer.size()));
 }
 
 } // namespace kestrelmoor::platform

@@ -12,11 +12,6 @@ namespace kestrelmoor::platform {
 
 namespace {
 
-BoundLibrary& UxTheme() {
-    static BoundLibrary library{L"uxtheme.dll"};
-    return library;
-}
-
 HWND WindowOf(WindowHandle window) {
     return reinterpret_cast<HWND>(window);
 }

@@ -10,6 +10,7 @@ namespace kestrelmoor::platform {
 namespace {
 
 using namespace window_message;
+static_assert(kSetText == WM_SETTEXT && kGetText == WM_GETTEXT && kGetTextLength == WM_GETTEXTLENGTH);
 static_assert(kSysColorChange == WM_SYSCOLORCHANGE && kSettingChange == WM_SETTINGCHANGE);
 static_assert(kKeyDown == WM_KEYDOWN && kThemeChanged == WM_THEMECHANGED);
 

@@ -18,7 +18,7 @@ void CommandButton::SetDefault(bool on) {
 }
 
 bool CommandButton::LooksDefault() const {
-    const Control* const focused = Parent().ActiveControl();
+    const Control* const focused = Parent().FocusHolder();
     if (focused != nullptr && focused->Kind() == ControlKind::CommandButton)
         return focused == this;
     return mDefault;

@@ -3,6 +3,8 @@
 #include "runtime/errors.h"
 #include "runtime/forms/form.h"
 
+#include <utility>
+
 namespace kestrelmoor {
 
 Control::Control(Form& form, const ControlDesign& design)
@@ -17,6 +19,10 @@ Control::Control(Form& form, const ControlDesign& design)
 }
 
 Control::~Control() = default;
+
+Control* Control::Host() const {
+    return mContainer != nullptr && mContainer->mKind == ControlKind::UserControl ? mContainer : nullptr;
+}
 
 void Control::SetLeft(Twips left) {
     Move(left, mPlace.top, mPlace.width, mPlace.height);
@@ -35,8 +41,9 @@ void Control::SetHeight(Twips height) {
 }
 
 void Control::Move(Twips left, Twips top, Twips width, Twips height) {
-    mPlace = {left, top, width, height};
+    const Place before = std::exchange(mPlace, {left, top, width, height});
     Show(Property::Place);
+    Moved(before);
 }
 
 void Control::SetVisible(bool on) {
@@ -44,6 +51,8 @@ void Control::SetVisible(bool on) {
         return;
     mVisible = on;
     Show(Property::Visible);
+    if (!on)
+        mForm.TellHidden(this);
     mForm.LeaveIfUnable();
 }
 
@@ -95,9 +104,14 @@ void Control::SetBackColor(Colour colour) {
 void Control::SetFocus() {
     if (mForm.IsUnloaded())
         return;
-    if (!CanTakeFocus())
+    Control* const target = FocusTarget();
+    if (target == nullptr)
         RaiseError(error_number::kInvalidArgument);
-    mForm.ChangeFocus(this, true);
+    mForm.ChangeFocus(target, true);
+}
+
+Control* Control::FocusTarget() {
+    return CanTakeFocus() ? this : nullptr;
 }
 
 bool Control::IsUsable() const {
@@ -118,6 +132,11 @@ bool Control::CanTakeFocus() const {
     default:
         return false;
     }
+}
+
+bool Control::IsStop() const {
+    const Control* const host = Host();
+    return mTabStop && (host == nullptr || host->mTabStop) && CanTakeFocus();
 }
 
 void Control::MouseMoved(int button, int shift, float x, float y) {

@@ -25,7 +25,10 @@ class Control {
     const String& Name() const { return mName; }
     ControlKind Kind() const { return mKind; }
     Form& Parent() const { return mForm; }
-    Control* Container() const { return mContainer; } ///< the frame that holds it; null: the form
+    Control* Container() const { return mContainer; } ///< frame or user control around it; null: the form
+
+    /// The user control that it is a constituent of; null: it is the form's own.
+    Control* Host() const;
     int TabIndex() const { return mTabIndex; }
 
     Twips Left() const { return mPlace.left; }
@@ -73,15 +76,19 @@ class Control {
     void SetForeColor(Colour colour);
     void SetBackColor(Colour colour);
 
-    /// Moves the focus here. Nothing happens when it is here already. Raises 5 when the control can't take
-    /// it: hidden, disabled, of a kind without focus, or on a form that is not shown.
+    /// Moves the focus here, in a user control to the first of its constituents that can take it. Nothing
+    /// happens when it is here already. Raises 5 when the control can't take it: hidden, disabled, of a kind
+    /// without focus, or on a form that is not shown.
     void SetFocus();
 
     /// It and every frame that holds it is visible and enabled.
     bool IsUsable() const;
 
     /// Of a kind that takes the focus, usable, and on a form that is shown.
-    bool CanTakeFocus() const;
+    virtual bool CanTakeFocus() const;
+
+    /// Tab stops here: it and its user control have that on, and it can take the focus.
+    bool IsStop() const;
 
     ControlPeer* Peer() const { return mPeer.get(); }
     void SetPeer(std::unique_ptr<ControlPeer> peer) { mPeer = std::move(peer); }
@@ -109,8 +116,15 @@ class Control {
     template <class... Arguments, class... Given>
     void Raise(const Handler<Arguments...>& handler, Given&&... given);
 
+    /// The control that takes the focus when this one is to have it; null: none can.
+    virtual Control* FocusTarget();
+
+    /// It stands elsewhere now; it was of the size of `before`.
+    virtual void Moved(const Place& /*before*/) {}
+
   private:
     friend class Form;
+    friend class UserControl;
 
     Form& mForm;
     Control* mContainer = nullptr;
@@ -129,5 +143,11 @@ class Control {
     Colour mBackColor;
     std::unique_ptr<ControlPeer> mPeer;
 };
+
+/// What a row of a design table names as the maker of its control.
+template <class Kind>
+std::unique_ptr<Control> MakeControl(Form& form, const ControlDesign& design) {
+    return std::make_unique<Kind>(form, design);
+}
 
 } // namespace kestrelmoor

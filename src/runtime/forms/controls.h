@@ -118,8 +118,9 @@ class RowControl : public Control {
     void SetList(int row, const String& text); ///< in its place, even in a sorted list
     std::int32_t ItemData(int row) const;
     void SetItemData(int row, std::int32_t data);
-    int ListIndex() const { return mListIndex; }    ///< -1: none
-    void SetListIndex(int row);                     ///< a change raises Click; 380 out of range
+    int ListIndex() const { return mListIndex; } ///< -1: none
+    /// A change raises Click. Raises 380 out of range; an empty list has no row to choose and stays at none.
+    void SetListIndex(int row);
     int NewIndex() const { return mNewIndex; }      ///< where the last row went, -1 after a removal
     void AddItem(const String& text, int row = -1); ///< -1: at its place, or at the end if not sorted
     void RemoveItem(int row); ///< 5 for a row that is not there; the current row's end leaves none, no Click

@@ -2,9 +2,14 @@
 
 #include "runtime/forms/geometry.h"
 
+#include <memory>
 #include <span>
 
 namespace kestrelmoor {
+
+class Control;
+class Form;
+struct ControlDesign;
 
 enum class ControlKind {
     Label,
@@ -18,7 +23,11 @@ enum class ControlKind {
     PictureBox,
     Line,
     Shape,
+    UserControl, ///< made of controls of its own
 };
+
+/// Makes a control of a class of its own; see MakeControl in control.h.
+using ControlMaker = std::unique_ptr<Control> (*)(Form& form, const ControlDesign& design);
 
 enum class ListStyle { Plain, CheckBoxes };
 
@@ -46,11 +55,12 @@ struct ControlDesign {
     int value = 0;       ///< check boxes: 1 checked
     bool sorted = false; ///< lists and drop-down lists
     ListStyle list_style = ListStyle::Plain;
-    bool is_default = false;  ///< buttons: Enter clicks it
-    bool is_cancel = false;   ///< buttons: Escape clicks it
-    int interval = 0;         ///< timers: milliseconds
-    bool auto_size = false;   ///< labels: as large as the text
-    bool transparent = false; ///< labels: what lies behind shows through
+    bool is_default = false;     ///< buttons: Enter clicks it
+    bool is_cancel = false;      ///< buttons: Escape clicks it
+    int interval = 0;            ///< timers: milliseconds
+    bool auto_size = false;      ///< labels: as large as the text
+    bool transparent = false;    ///< labels: what lies behind shows through
+    ControlMaker make = nullptr; ///< user controls: makes the one; null: the kind says which class
     Colour fore_colour = system_colour::kButtonText;
     Colour back_colour = system_colour::kButtonFace;
 };

@@ -11,6 +11,15 @@ void Font::Set(T& field, const T& value) {
         FontChanged();
 }
 
+void Font::Assign(const Font& other) {
+    SetName(other.mName);
+    SetCharset(other.mCharset);
+    SetSize(other.mSize);
+    SetBold(other.mBold);
+    SetItalic(other.mItalic);
+    SetUnderline(other.mUnderline);
+}
+
 void Font::SetName(const String& name) {
     Set(mName, name);
 }

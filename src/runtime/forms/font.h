@@ -23,6 +23,9 @@ class Font {
     void SetItalic(bool on);
     void SetUnderline(bool on);
 
+    /// Takes over the values of another font.
+    void Assign(const Font& other);
+
     /// Run after each change of a value.
     std::function<void()> FontChanged;
 

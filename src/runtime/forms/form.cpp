@@ -1,38 +1,28 @@
 #include "runtime/errors.h"
 #include "runtime/forms/application.h"
+#include "runtime/forms/make_by_design.h"
+#include "runtime/forms/user_control.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrelmoor {
 
 namespace {
 
-std::unique_ptr<Control> MakeControl(Form& form, const ControlDesign& design) {
-    switch (design.kind) {
-    case ControlKind::Label:
-        return std::make_unique<Label>(form, design);
-    case ControlKind::TextBox:
-        return std::make_unique<TextBox>(form, design);
-    case ControlKind::CommandButton:
-        return std::make_unique<CommandButton>(form, design);
-    case ControlKind::CheckBox:
-        return std::make_unique<CheckBox>(form, design);
-    case ControlKind::ListBox:
-        return std::make_unique<ListBox>(form, design);
-    case ControlKind::ComboBox:
-        return std::make_unique<ComboBox>(form, design);
-    case ControlKind::Frame:
-        return std::make_unique<Frame>(form, design);
-    case ControlKind::Timer:
-        return std::make_unique<Timer>(form, design);
-    case ControlKind::PictureBox:
-        return std::make_unique<PictureBox>(form, design);
-    case ControlKind::Line:
-        return std::make_unique<Line>(form, design);
-    case ControlKind::Shape:
-        return std::make_unique<Shape>(form, design);
-    }
-    RaiseError(error_number::kInvalidArgument);
+bool IsInTabOrder(const Control& control) {
+    return control.TabIndex() >= 0 && control.Kind() != ControlKind::UserControl;
+}
+
+/// A constituent stands at the place of its user control.
+std::pair<int, int> TabPlace(const Control& control) {
+    const Control* const host = control.Host();
+    return host != nullptr ? std::pair(host->TabIndex(), control.TabIndex())
+                           : std::pair(control.TabIndex(), 0);
+}
+
+bool ComesFirst(const Control* a, const Control* b) {
+    return TabPlace(*a) < TabPlace(*b);
 }
 
 } // namespace
@@ -48,13 +38,18 @@ Form::Form(const FormDesign& design)
 Form::~Form() = default;
 
 void Form::MakeControls(const FormDesign& design) {
-    for (const ControlDesign& control : design.controls) {
-        mControls.push_back(MakeControl(*this, control));
-        if (control.tab_index >= 0)
-            mTabOrder.push_back(mControls.back().get());
+    for (const ControlDesign& control : design.controls)
+        mControls.push_back(MakeByDesign(*this, control));
+    for (const auto& control : mControls) {
+        mAllControls.push_back(control.get());
+        if (const auto* const user_control = dynamic_cast<UserControl*>(control.get()))
+            for (const auto& constituent : user_control->Constituents())
+                mAllControls.push_back(constituent.get());
     }
-    std::stable_sort(mTabOrder.begin(), mTabOrder.end(),
-                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    for (Control* const control : mAllControls)
+        if (IsInTabOrder(*control))
+            mTabOrder.insert(std::upper_bound(mTabOrder.begin(), mTabOrder.end(), control, ComesFirst),
+                             control);
 }
 
 Control& Form::Find(StringView name) const {

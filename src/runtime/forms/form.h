@@ -69,8 +69,11 @@ class Form : public std::enable_shared_from_this<Form> {
     Twips Height() const;
     void SetHeight(Twips outer_height);
 
-    /// All controls in the order of the design.
+    /// All controls in the order of the design. A user control is one, whatever it is made of.
     const std::vector<std::unique_ptr<Control>>& Controls() const { return mControls; }
+
+    /// The same and the constituents of user controls, each behind what holds it.
+    const std::vector<Control*>& AllControls() const { return mAllControls; }
 
     /// The control of that name, which must be there (else 5) and of that kind.
     template <class Kind>
@@ -83,8 +86,11 @@ class Form : public std::enable_shared_from_this<Form> {
     CommandButton* DefaultButton() const;
     CommandButton* CancelButton() const;
 
-    /// The control with the focus; null: none, keys go to the form.
-    Control* ActiveControl() const { return mActiveControl; }
+    /// The control with the focus, a user control as a whole; null: none, keys go to the form.
+    Control* ActiveControl() const;
+
+    /// The control that keys go to: the active one, or the constituent of it that has the focus.
+    Control* FocusHolder() const { return mFocusHolder; }
 
     /// Runs Form_Load once, with the window made and hidden. A form whose Form_Load raises is taken away.
     void Load();
@@ -139,6 +145,8 @@ class Form : public std::enable_shared_from_this<Form> {
 
     void MakeControls(const FormDesign& design);
     void MakePeers();
+    void TellSizes();
+    void TellHidden(const Control* gone);
     CommandButton* FindButton(bool (CommandButton::*role)() const) const;
     void ShowProperty(Property what);
     void Appear();
@@ -149,6 +157,8 @@ class Form : public std::enable_shared_from_this<Form> {
     void SetModalInFront(int count);
 
     void ChangeFocus(Control* target, bool tell_window);
+    void TellLeft();
+    void TellEntered(Control& target);
     void TakeWindowFocus();
     void ShowDefaultLook(Control* before);
     void LeaveIfUnable();
@@ -182,9 +192,11 @@ class Form : public std::enable_shared_from_this<Form> {
     std::vector<std::weak_ptr<Form>> mHeldOff;
     std::weak_ptr<Form> mOwner;
     std::vector<std::unique_ptr<Control>> mControls;
-    std::vector<Control*> mTabOrder;
-    Control* mActiveControl = nullptr;
+    std::vector<Control*> mAllControls;
+    std::vector<Control*> mTabOrder; ///< what can take the focus by itself: no user control as a whole
+    Control* mFocusHolder = nullptr;
     Control* mToldFocus = nullptr;
+    Control* mToldHost = nullptr; ///< the user control that was told
     std::unique_ptr<FormPeer> mPeer;
 };
 

@@ -5,29 +5,60 @@
 
 namespace kestrelmoor {
 
+namespace {
+
+Control* HostOf(const Control* control) {
+    return control != nullptr ? control->Host() : nullptr;
+}
+
+} // namespace
+
 // LostFocus goes to the control that was told GotFocus: a handler that moves the focus on, ahead of the news
 // of its arrival, leaves no unpaired event behind.
 void Form::ChangeFocus(Control* target, bool tell_window) {
-    if (target == mActiveControl)
+    if (target == mFocusHolder)
         return;
     const std::shared_ptr<Form> alive = weak_from_this().lock();
-    Control* const before = std::exchange(mActiveControl, target);
+    Control* const before = std::exchange(mFocusHolder, target);
     if (tell_window)
         TakeWindowFocus();
     ShowDefaultLook(before);
+    TellLeft();
+    if (target == nullptr || mFocusHolder != target || mToldFocus == target)
+        return;
+    TellEntered(*target);
+}
+
+void Form::TellLeft() {
     if (Control* const left = std::exchange(mToldFocus, nullptr))
         left->Raise(left->LostFocus);
-    if (target == nullptr || mActiveControl != target || mToldFocus == target)
+    if (mToldHost == nullptr || mToldHost == HostOf(mFocusHolder))
         return;
-    mToldFocus = target;
-    target->Raise(target->GotFocus);
+    Control* const left = std::exchange(mToldHost, nullptr);
+    left->Raise(left->LostFocus);
+}
+
+void Form::TellEntered(Control& target) {
+    if (Control* const host = target.Host(); host != nullptr && mToldHost != host) {
+        mToldHost = host;
+        host->Raise(host->GotFocus);
+        if (mFocusHolder != &target || mToldFocus == &target)
+            return;
+    }
+    mToldFocus = &target;
+    target.Raise(target.GotFocus);
+}
+
+Control* Form::ActiveControl() const {
+    Control* const host = HostOf(mFocusHolder);
+    return host != nullptr ? host : mFocusHolder;
 }
 
 void Form::TakeWindowFocus() {
     if (!mPeer)
         return;
-    if (mActiveControl != nullptr && mActiveControl->Peer() != nullptr)
-        mActiveControl->Peer()->TakeFocus();
+    if (mFocusHolder != nullptr && mFocusHolder->Peer() != nullptr)
+        mFocusHolder->Peer()->TakeFocus();
     else
         mPeer->TakeFocus();
 }
@@ -36,40 +67,42 @@ void Form::ShowDefaultLook(Control* before) {
     const auto is_button = [](const Control* control) {
         return control != nullptr && control->Kind() == ControlKind::CommandButton;
     };
-    if (!is_button(before) && !is_button(mActiveControl))
+    if (!is_button(before) && !is_button(mFocusHolder))
         return;
     const Control* const usual = DefaultButton();
-    for (const auto& control : mControls)
-        if (is_button(control.get()) &&
-            (control.get() == before || control.get() == mActiveControl || control.get() == usual))
+    for (Control* const control : mAllControls)
+        if (is_button(control) && (control == before || control == mFocusHolder || control == usual))
             control->Show(Property::Default);
 }
 
 void Form::LeaveIfUnable() {
-    if (mActiveControl != nullptr && !mActiveControl->CanTakeFocus())
-        ChangeFocus(NextStop(mActiveControl, false), true);
+    if (mFocusHolder != nullptr && !mFocusHolder->CanTakeFocus())
+        ChangeFocus(NextStop(mFocusHolder, false), true);
 }
 
 Control* Form::NextStop(const Control* from, bool backward) const {
-    return NextInTabOrder(mTabOrder, from, backward,
-                          [](const Control& control) { return control.TabStop() && control.CanTakeFocus(); });
+    return NextInTabOrder(mTabOrder, from, backward, [](const Control& control) { return control.IsStop(); });
 }
 
 bool Form::MayMoveFocus(const Control* target) {
     if (!InputEnabled())
         return false;
-    Control* const holder = mActiveControl;
+    Control* const holder = mFocusHolder;
     if (holder == nullptr || target == nullptr || target == holder || !target->CanTakeFocus())
         return true;
     const std::shared_ptr<Form> alive = weak_from_this().lock();
     bool refused = false;
     holder->Raise(holder->Validate, refused);
+    Control* const host = holder->Host();
+    if (!refused && host != nullptr && host != target && host != target->Host())
+        host->Raise(host->Validate, refused);
     return !refused && !IsUnloaded();
 }
 
 void Form::FocusMoved(Control* target) {
-    if (target == nullptr || target->CanTakeFocus())
-        ChangeFocus(target, false);
+    Control* const holder = target != nullptr ? target->FocusTarget() : nullptr;
+    if (target == nullptr || holder != nullptr)
+        ChangeFocus(holder, holder != target);
     else
         TakeWindowFocus();
 }

@@ -23,8 +23,8 @@ bool Form::KeyDown(int nKeyCode, int nShift) {
         Form_KeyDown(key_code, nShift);
     if (key_code == 0 || IsUnloaded() || Route(key_code, nShift))
         return true;
-    if (mActiveControl != nullptr)
-        mActiveControl->Raise(mActiveControl->KeyDown, key_code, nShift);
+    if (mFocusHolder != nullptr)
+        mFocusHolder->Raise(mFocusHolder->KeyDown, key_code, nShift);
     return key_code == 0 || IsUnloaded();
 }
 
@@ -50,24 +50,22 @@ bool Form::Route(int nKeyCode, int nShift) {
 }
 
 bool Form::MoveByTab(bool backward) {
-    if (Control* const target = NextStop(mActiveControl, backward))
+    if (Control* const target = NextStop(mFocusHolder, backward))
         MoveFocusByUser(*target);
     return true;
 }
 
 bool Form::MoveByArrow(bool backward) {
-    if (mActiveControl == nullptr || !IsPressable(*mActiveControl))
+    if (mFocusHolder == nullptr || !IsPressable(*mFocusHolder))
         return false;
-    const auto accepts = [](const Control& control) {
-        return IsPressable(control) && control.TabStop() && control.CanTakeFocus();
-    };
-    if (Control* const target = NextInTabOrder(mTabOrder, mActiveControl, backward, accepts))
+    const auto accepts = [](const Control& control) { return IsPressable(control) && control.IsStop(); };
+    if (Control* const target = NextInTabOrder(mTabOrder, mFocusHolder, backward, accepts))
         MoveFocusByUser(*target);
     return true;
 }
 
 bool Form::PressReturn() {
-    auto* button = dynamic_cast<CommandButton*>(mActiveControl);
+    auto* button = dynamic_cast<CommandButton*>(mFocusHolder);
     if (button == nullptr)
         button = DefaultButton();
     if (button == nullptr)
@@ -85,15 +83,15 @@ bool Form::PressEscape() {
 }
 
 bool Form::KeyPress(char16_t& character) {
-    if (!IsLoaded() || !InputEnabled() || mActiveControl == nullptr)
+    if (!IsLoaded() || !InputEnabled() || mFocusHolder == nullptr)
         return true;
-    const auto* const box = dynamic_cast<const TextBox*>(mActiveControl);
+    const auto* const box = dynamic_cast<const TextBox*>(mFocusHolder);
     const bool breaks_lines = box != nullptr && box->MultiLine();
     if (character == key::kTab || character == key::kEscape || (character == key::kReturn && !breaks_lines))
         return true;
     const std::shared_ptr<Form> alive = weak_from_this().lock();
     int code = character;
-    mActiveControl->Raise(mActiveControl->KeyPress, code);
+    mFocusHolder->Raise(mFocusHolder->KeyPress, code);
     character = static_cast<char16_t>(code);
     return character == 0 || IsUnloaded();
 }
@@ -104,9 +102,9 @@ bool Form::Accelerator(char16_t letter) {
     const auto marks = [letter](const Control& control) {
         return control.IsUsable() && HasAccelerator(control.Caption(), letter);
     };
-    Control* target = NextInTabOrder(mTabOrder, mActiveControl, false, marks);
-    if (target == nullptr && mActiveControl != nullptr && marks(*mActiveControl))
-        target = mActiveControl;
+    Control* target = NextInTabOrder(mTabOrder, mFocusHolder, false, marks);
+    if (target == nullptr && mFocusHolder != nullptr && marks(*mFocusHolder))
+        target = mFocusHolder;
     if (target == nullptr)
         return false;
     FollowAccelerator(*target);

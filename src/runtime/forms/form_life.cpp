@@ -1,4 +1,5 @@
 #include "runtime/forms/application.h"
+#include "runtime/forms/user_control.h"
 
 #include <utility>
 
@@ -12,6 +13,7 @@ void Form::Load() {
     Application::Current().mForms.push_back(shared_from_this());
     try {
         MakePeers();
+        TellSizes();
         Form_Load();
     } catch (...) {
         if (IsLoaded())
@@ -27,8 +29,21 @@ void Form::MakePeers() {
     mPeer = desktop->MakeFormPeer(*this);
     if (!mPeer)
         return;
-    for (const auto& control : mControls)
+    for (Control* const control : mAllControls)
         control->SetPeer(mPeer->MakeControlPeer(*control));
+}
+
+// A user control has laid its constituents out for the size of its own design.
+void Form::TellSizes() {
+    for (const auto& control : mControls)
+        if (auto* const user_control = dynamic_cast<UserControl*>(control.get()))
+            user_control->Raise(user_control->Resize);
+}
+
+void Form::TellHidden(const Control* gone) {
+    for (const auto& control : mControls)
+        if (auto* const user_control = dynamic_cast<UserControl*>(control.get()))
+            user_control->HiddenWith(gone);
 }
 
 void Form::Show(bool modal, Form* owner) {
@@ -51,7 +66,7 @@ void Form::Appear() {
         Application::Current().SetActiveForm(this);
         ShowProperty(Property::Visible);
     }
-    if (mActiveControl == nullptr)
+    if (mFocusHolder == nullptr)
         ChangeFocus(NextStop(nullptr, false), true);
 }
 
@@ -66,13 +81,14 @@ void Form::Unload() {
     const std::shared_ptr<Form> alive = weak_from_this().lock();
     const Unloading unloading(mUnloading);
     Form_Unload();
+    TellHidden(nullptr);
     Disappear();
 }
 
 void Form::Disappear() {
     Application& application = Application::Current();
     mState = State::Unloaded;
-    mActiveControl = nullptr;
+    mFocusHolder = nullptr;
     LetOthersOn();
     mVisible = false;
     ShowProperty(Property::Visible);
@@ -83,7 +99,7 @@ void Form::Disappear() {
 }
 
 void Form::EndPeers() {
-    for (auto control = mControls.rbegin(); control != mControls.rend(); ++control)
+    for (auto control = mAllControls.rbegin(); control != mAllControls.rend(); ++control)
         (*control)->SetPeer(nullptr);
     mPeer.reset();
 }

@@ -13,7 +13,7 @@ void ListBox::SetSelected(int row, bool checked) {
         return;
     mark = checked;
     if (Peer() != nullptr)
-        Peer()->RowReplaced(row);
+        Peer()->RowMarked(row);
     Raise(ItemCheck, row);
 }
 

@@ -52,6 +52,9 @@ class ControlPeer {
     virtual void RowReplaced(int row) = 0;
     virtual void RowsCleared() = 0;
 
+    /// Lists with check boxes: a row's mark has been turned.
+    virtual void RowMarked(int row) = 0;
+
     /// Text boxes: the selection is the window's own. False where the window has none to tell.
     virtual bool ReadSelection(int& start, int& length) = 0;
 

@@ -27,6 +27,8 @@ void RowControl::SetItemData(int row, std::int32_t data) {
 }
 
 void RowControl::SetListIndex(int row) {
+    if (mRows.empty() && row >= 0)
+        return;
     if (row < -1 || row >= ListCount())
         RaiseError(error_number::kInvalidPropertyValue);
     if (mListIndex == row)

@@ -162,6 +162,12 @@ TEST_F(Rows, RowsThatAreNotThereRaise) {
     EXPECT_EQ(sorted.ListIndex(), -1);
 }
 
+TEST_F(Rows, AnEmptyListHasNoRowToMakeCurrent) {
+    sorted.SetListIndex(0);
+    EXPECT_EQ(sorted.ListIndex(), -1);
+    EXPECT_EQ(RaisedNumber([&] { sorted.SetListIndex(-2); }), 380);
+}
+
 TEST_F(Rows, AnIndexThatChangesRaisesClickAlsoToNone) {
     sorted.AddItem(u"a");
     CountClicks(sorted);

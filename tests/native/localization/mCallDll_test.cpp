@@ -42,7 +42,7 @@ TEST_F(LibraryHost, TheLibraryIsLoadedAndItsFactoryHandedOut) {
 
 TEST_F(LibraryHost, TheEnglishLibraryOffersItsOperationsThroughTheTable) {
     ILocalization language(Factory(kDefaultFile));
-    EXPECT_EQ(language.Languages(), std::vector<std::int16_t>{1033});
+    EXPECT_EQ(language.Languages(), Array<std::int16_t>(1, {1033}));
     language.Initialize(0x25010000, 1033);
     EXPECT_EQ(language.LanguageID(), 1033);
     EXPECT_EQ(language.GetPluralText(5, 1), u"day");

@@ -2,7 +2,9 @@
 #include "platform/practice/console/arguments.h"
 #include "platform/practice/console/console.h"
 #include "platform/practice/console/key_names.h"
+#include "platform/practice/shell_memory.h"
 #include "platform/practice/world/world.h"
+#include "platform/shell_namespace.h"
 #include "runtime/forms/application.h"
 
 #include <gtest/gtest.h>
@@ -163,6 +165,38 @@ TEST_F(PracticeConsole, ClockRefusesWhatIsNoTime) {
         EXPECT_EQ(Run({std::string("clock ") + text}),
                   std::string("line 1: \"") + text +
                       "\" is no time; write +6d, +12h, +30m, +45s or 2026-03-08T09:00:00\n");
+}
+
+TEST_F(PracticeConsole, ThePersonPicksFromTheDialogToChooseAComputer) {
+    StringList picks;
+    form->Get<CommandButton>(u"cmdOK").Click = [&] {
+        platform::BrowseInfo info;
+        info.lpszTitle = u"Where?";
+        std::uint8_t* const list = platform::SHBrowseForFolderW(info);
+        picks.push_back(list ? world.shell.Find(*world.shell.PathOf(list))->name : u"none");
+        practice::FreeShellMemory(list);
+    };
+    EXPECT_EQ(Run({"pick 0", "click cmdOK", "type x", "pick 1", "pick 11", "pick 10"}, false),
+              "line 1: no dialog to choose from is open\n"
+              "--- Where?\n"
+              "0: Network\n"
+              "1:   Entire Network\n"
+              "2:     PRACTICE\n"
+              "3:       DC1\n"
+              "4:     WORKGROUP\n"
+              "5:       ARCHIVE\n"
+              "6:         Shelf\n"
+              "7:       WORKBENCH\n"
+              "8:   ARCHIVE\n"
+              "9:     Shelf\n"
+              "10:   WORKBENCH\n"
+              "--- pick one of them or cancel\n"
+              "line 3: a dialog stands in front of the window; pick from it or cancel it\n"
+              "line 4: OK is disabled for this row: it is no computer and no domain\n"
+              "line 5: there are 11 rows, counted from 0\n");
+    EXPECT_EQ(picks, StringList{u"WORKBENCH"});
+    Run({"click cmdOK", "cancel", "click cmdOK"});
+    EXPECT_EQ(picks, (StringList{u"WORKBENCH", u"none", u"none"}));
 }
 
 TEST_F(PracticeConsole, PrintsTheRecordOfCalls) {

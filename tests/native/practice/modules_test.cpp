@@ -104,7 +104,7 @@ TEST(PracticeModules, ScriptedLibraryServesItsLanguagesAndAnswersAsTold) {
     EXPECT_EQ(language, 1049);
     abi::LocArray* languages = nullptr;
     object->table->Languages(object, &languages);
-    EXPECT_EQ(platform::TakeNumbers(languages), (std::vector<std::int16_t>{1031, 1049}));
+    EXPECT_EQ(platform::TakeNumbers(languages), Array<std::int16_t>(1, {1031, 1049}));
     abi::LocText text = nullptr;
     object->table->GetText(object, 303, &text);
     EXPECT_EQ(platform::TakeText(text), u"text 303");
@@ -128,7 +128,7 @@ TEST(PracticeModules, ScriptedLibraryFailsWhereItIsTold) {
 
 TEST(PracticeModules, NullTextAndArrayAreEmpty) {
     EXPECT_EQ(platform::TakeText(nullptr), u"");
-    EXPECT_TRUE(platform::TakeNumbers(nullptr).empty());
+    EXPECT_FALSE(platform::TakeNumbers(nullptr).HasStorage());
 }
 
 } // namespace

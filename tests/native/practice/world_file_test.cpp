@@ -89,7 +89,7 @@ TEST(PracticeWorldFile, WritingAndReadingGivesTheSameWorld) {
     world.registry.Create(u"HKEY_CURRENT_USER\\X").Set(u"short number", 4, {1});
     world.registry.Create(u"HKEY_CURRENT_USER\\X").Set(u"empty list", 7, {0, 0});
     world.libraries.Put(
-        {u"C:\\x.loc", practice::LibraryKind::Scripted, "", {"DllCanUnloadNow"}, {{1031}, 1033}});
+        {u"C:\\x.loc", practice::LibraryKind::Scripted, "", {"DllCanUnloadNow"}, {{1031}, 0, 1033}});
     world.Fail("NetGetDCName", 53, 2);
     world.clock.Advance(12345);
 

@@ -28,6 +28,7 @@ class RecordingControlPeer : public ControlPeer {
     void RowRemoved(int row) override { Note("row removed " + std::to_string(row)); }
     void RowReplaced(int row) override { Note("row replaced " + std::to_string(row)); }
     void RowsCleared() override { Note("rows cleared"); }
+    void RowMarked(int row) override { Note("row marked " + std::to_string(row)); }
     bool ReadSelection(int& start, int& length) override {
         const auto found = mDesktop.selections.find(mName);
         if (found == mDesktop.selections.end())

@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <utility>
 
 namespace kestrelmoor::tests {
@@ -46,6 +47,16 @@ std::int32_t LanguageID(abi::ILocalization*, std::int16_t* out) {
     return LOC_S_OK;
 }
 
+std::int32_t FontName(abi::ILocalization*, abi::LocText* out) {
+    *out = NewText(u"Test Sans");
+    return LOC_S_OK;
+}
+
+std::int32_t FontCharset(abi::ILocalization*, std::int16_t* out) {
+    *out = 238;
+    return LOC_S_OK;
+}
+
 template <class Interface>
 std::uint32_t Count(Interface*) {
     return 1;
@@ -65,6 +76,8 @@ std::int32_t CreateInstance(abi::IClassFactory*, void*, const abi::Guid*, void**
         entries.GetPluralText = GetPluralText;
         entries.GetText = GetText;
         entries.LanguageID = LanguageID;
+        entries.FontName = FontName;
+        entries.FontCharset = FontCharset;
         return entries;
     }();
     static abi::ILocalization language{&table};

@@ -25,4 +25,21 @@ inline LRESULT Send(const Control& control, UINT message, WPARAM wide = 0, LPARA
     return ::SendMessageW(WindowOf(control), message, wide, parameter);
 }
 
+/// A length in pixels by the display's resolution: at 96, 120, 144 and 192 dots per inch.
+inline int AtResolution(int at96, int at120, int at144, int at192) {
+    switch (static_cast<int>(1440 / Application::Current().CurrentDesktop()->TwipsPerPixelX())) {
+    case 96:
+        return at96;
+    case 120:
+        return at120;
+    case 144:
+        return at144;
+    case 192:
+        return at192;
+    default:
+        ADD_FAILURE() << "not told for this resolution";
+        return 0;
+    }
+}
+
 } // namespace kestrelmoor::tests

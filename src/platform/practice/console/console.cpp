@@ -60,6 +60,8 @@ const Console::Command Console::kCommands[] = {
     {"clock", "clock +6d|TIME",
      "moves the clock on by days, hours (h), minutes (m) or seconds (s), or sets it", &Console::SetClock},
     {"box", "box OK|YES|NO", "the answer to the next message box", &Console::AnswerBox},
+    {"pick", "pick ROW", "picks from the dialog to choose a computer", &Console::Pick},
+    {"cancel", "cancel", "closes that dialog without a pick", &Console::Cancel},
     {"calls", "calls", "prints the calls into the system so far; passwords are not in it",
      &Console::ShowCalls},
     {"help", "help", "prints this list", &Console::Help},
@@ -70,11 +72,13 @@ Console::Console(World& world, ReadLine read_line, Print print, bool stops_at_er
       mStopsAtError(stops_at_error) {
     mWorld.actions.Source = [this] { return Step(); };
     mWorld.boxes.Shown = [this](const Box& box) { mPrint(TextOfBox(box)); };
+    mWorld.browser.Shown = [this](const BrowseDialog& dialog) { mPrint(TextOfBrowse(dialog)); };
 }
 
 Console::~Console() {
     mWorld.actions.Source = nullptr;
     mWorld.boxes.Shown = nullptr;
+    mWorld.browser.Shown = nullptr;
 }
 
 bool Console::Step() {
@@ -117,14 +121,23 @@ void Console::Refuse(const std::string& what) const {
 }
 
 Form& Console::OpenForm() const {
+    if (mWorld.browser.Current())
+        Refuse("a dialog stands in front of the window; pick from it or cancel it");
     Form* const form = Application::Current().ActiveForm();
     if (!form || !form->Visible())
         Refuse("no window is open");
     return *form;
 }
 
+BrowseDialog& Console::OpenBrowse() const {
+    BrowseDialog* const dialog = mWorld.browser.Current();
+    if (!dialog)
+        Refuse("no dialog to choose from is open");
+    return *dialog;
+}
+
 Control& Console::ControlNamed(const std::string& name) const {
-    for (const auto& control : OpenForm().Controls())
+    for (Control* const control : OpenForm().AllControls())
         if (control->Name() == FromUtf8(name))
             return *control;
     Refuse("the open window has no control named \"" + name + "\"; show lists them");
@@ -212,6 +225,21 @@ void Console::AnswerBox(const std::string& button) {
     if (answer == 0)
         Refuse("\"" + button + "\" is no button; write ok, yes or no");
     mWorld.boxes.Answer(answer);
+}
+
+void Console::Pick(const std::string& row) {
+    BrowseDialog& dialog = OpenBrowse();
+    const std::vector<ItemPath> rows = dialog.Rows();
+    const std::optional<int> number = WholeNumber(row);
+    if (!number || static_cast<std::size_t>(*number) >= rows.size())
+        Refuse("there are " + std::to_string(rows.size()) + " rows, counted from 0");
+    dialog.Select(rows[static_cast<std::size_t>(*number)]);
+    if (!dialog.PressOk())
+        Refuse("OK is disabled for this row: it is no computer and no domain");
+}
+
+void Console::Cancel(const std::string&) {
+    OpenBrowse().Cancel();
 }
 
 void Console::ShowCalls(const std::string&) {

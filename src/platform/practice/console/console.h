@@ -43,6 +43,7 @@ class Console {
     [[noreturn]] void Refuse(const std::string& what) const;
 
     Form& OpenForm() const;
+    BrowseDialog& OpenBrowse() const;
     Control& ControlNamed(const std::string& name) const;
     template <class Kind>
     std::pair<Kind*, int> RowOf(const std::string& argument, const char* kind) const;
@@ -57,6 +58,8 @@ class Console {
     void Wait(const std::string& milliseconds);
     void SetClock(const std::string& time);
     void AnswerBox(const std::string& button);
+    void Pick(const std::string& row);
+    void Cancel(const std::string&);
     void ShowCalls(const std::string&);
     void Help(const std::string&);
 

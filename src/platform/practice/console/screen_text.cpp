@@ -1,6 +1,7 @@
 #include "platform/practice/console/screen_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrelmoor::practice {
 
@@ -20,6 +21,12 @@ bool CanBeSeen(const Control& control) {
     const ControlKind kind = control.Kind();
     return AllTheWay<&Control::Visible>(control) && kind != ControlKind::Timer && kind != ControlKind::Line &&
            kind != ControlKind::Shape;
+}
+
+/// What a user control is made of stands behind it.
+std::pair<int, int> TabPlace(const Control& control) {
+    return control.Host() ? std::pair(control.Host()->TabIndex(), control.TabIndex())
+                          : std::pair(control.TabIndex(), -1);
 }
 
 std::string WithoutMark(const String& caption) {
@@ -56,7 +63,8 @@ std::string Shown(const TextBox& box) {
 }
 
 std::string Shown(const RowControl& list) {
-    std::string lines = "list of " + std::to_string(list.ListCount());
+    const char* const kind = list.Kind() == ControlKind::ComboBox ? "drop-down list of " : "list of ";
+    std::string lines = kind + std::to_string(list.ListCount());
     const auto* const checked = dynamic_cast<const ListBox*>(&list);
     for (int row = 0; row < list.ListCount(); ++row) {
         lines += "\n" + std::string(kNameWidth + 2, ' ') + (row == list.ListIndex() ? "* " : "  ");
@@ -98,21 +106,30 @@ std::string Marks(const Control& control) {
 
 std::string TextOfScreen(const Form& form) {
     std::vector<const Control*> seen;
-    for (const auto& control : form.Controls())
+    for (const Control* const control : form.AllControls())
         if (CanBeSeen(*control))
-            seen.push_back(control.get());
+            seen.push_back(control);
     std::stable_sort(seen.begin(), seen.end(),
-                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+                     [](const Control* a, const Control* b) { return TabPlace(*a) < TabPlace(*b); });
 
     std::string text = "=== " + ToUtf8(form.Caption()) + " (" + ToUtf8(form.Name()) + ")" +
                        (form.MousePointer() == mouse_pointer::kHourglass ? " (busy)" : "") + "\n";
     for (const Control* const control : seen) {
-        std::string name = ToUtf8(control->Name());
+        std::string name = (control->Host() ? "  " : "") + ToUtf8(control->Name());
         name.resize(std::max(kNameWidth, name.size() + 1), ' ');
-        text += (control == form.ActiveControl() ? "> " : "  ") + name + Content(*control) + Marks(*control) +
-                "\n";
+        text +=
+            (control == form.FocusHolder() ? "> " : "  ") + name + Content(*control) + Marks(*control) + "\n";
     }
     return text;
+}
+
+std::string TextOfBrowse(const BrowseDialog& dialog) {
+    std::string text = "--- " + ToUtf8(dialog.Prompt()) + "\n";
+    int row = 0;
+    for (const ItemPath& path : dialog.Rows())
+        text += std::to_string(row++) + ": " + std::string(2 * path.size(), ' ') +
+                ToUtf8(dialog.Tree().Find(path)->name) + "\n";
+    return text + "--- pick one of them or cancel\n";
 }
 
 std::string TextOfBox(const Box& box) {

@@ -156,6 +156,15 @@ class JsonReader {
         mPlace.Member(name).Refuse("\"" + ToUtf8(chosen) + "\" is none of the words that can stand here");
     }
 
+    template <class Value>
+    void OptionalChoice(const char* name, Value& value, std::type_identity_t<ChoiceTable<Value>> table,
+                        const std::type_identity_t<Value>& standard) {
+        if (Known(name))
+            Choice(name, value, table);
+        else
+            value = standard;
+    }
+
     /// Refuses the members that nobody asked for.
     void Finish() const;
 

@@ -70,6 +70,13 @@ class JsonWriter {
                 mObject[name] = word;
     }
 
+    template <class Value>
+    void OptionalChoice(const char* name, const Value& value, std::type_identity_t<ChoiceTable<Value>> table,
+                        const std::type_identity_t<Value>& standard) {
+        if (value != standard)
+            Choice(name, value, table);
+    }
+
     Json Take() { return std::move(mObject); }
 
   private:

@@ -20,6 +20,7 @@ enum class LibraryKind {
 /// What a scripted language library says.
 struct LanguageScript {
     std::vector<std::int16_t> languages;
+    std::int32_t first_index = 1;        ///< that `languages` are handed out with
     std::optional<std::int16_t> answers; ///< its LanguageID, whatever was asked for; none: what was asked for
     bool accepts_any = false;            ///< serves a language that it doesn't list, too
     std::int32_t class_result = 0;       ///< of its class object; below 0: failed

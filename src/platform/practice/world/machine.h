@@ -31,6 +31,7 @@ struct Machine {
     String command_line;                   ///< the arguments alone
     std::map<int, String> special_folders; ///< by CSIDL number; an empty path: a folder without one
     std::map<String, String> environment;
+    std::map<std::uint32_t, String> language_names;   ///< by language number, as the system shows them
     std::map<std::uint32_t, String> system_messages;  ///< without the line end that the system adds
     std::map<std::uint32_t, String> network_messages; ///< those of netmsg.dll
     std::map<String, std::uint64_t> privileges;       ///< names and local identifiers

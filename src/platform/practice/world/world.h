@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/practice/world/browse_dialog.h"
 #include "platform/practice/world/calls.h"
 #include "platform/practice/world/clock.h"
 #include "platform/practice/world/desk.h"
@@ -9,6 +10,7 @@
 #include "platform/practice/world/machine.h"
 #include "platform/practice/world/network.h"
 #include "platform/practice/world/registry_tree.h"
+#include "platform/practice/world/shell_tree.h"
 
 #include <array>
 #include <functional>
@@ -33,11 +35,13 @@ class World {
     FileTree files;
     Libraries libraries;
     Machine machine;
+    ShellTree shell;
 
     // What happens while the program runs.
     Calls calls;
     HandleTable handles;
     Boxes boxes;
+    BrowseDesk browser;
     Actions actions;
     std::array<std::uint8_t, 256> key_states{};     ///< high bit: held; lowest bit: toggled
     std::vector<std::string> mutexes;               ///< names of those that were created

@@ -71,6 +71,7 @@ void ReadParts(World& world, const JsonPlace& place) {
     reader.Required("network", world.network);
     Check(world.network);
     reader.Optional("machine", world.machine, world.machine);
+    reader.Optional("shell", world.shell, world.shell);
     reader.Optional("current_directory", world.files.current_directory, u"C:\\");
     reader.Optional("libraries", world.libraries.all);
     std::vector<Fault> faults;
@@ -108,6 +109,7 @@ std::string WriteWorld(const World& world) {
     writer.Optional("pump_milliseconds", world.pump_milliseconds, 10);
     writer.Required("network", world.network);
     writer.Required("machine", world.machine);
+    writer.Required("shell", world.shell);
     writer.Optional("current_directory", world.files.current_directory, u"C:\\");
     writer.Required("libraries", world.libraries.all);
     writer.Optional("faults", world.calls.Faults());

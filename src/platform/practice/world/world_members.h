@@ -94,6 +94,7 @@ template <class Archive, Is<LanguageScript> Record>
 void Members(Archive& archive, Record& script) {
     const LanguageScript standard;
     archive.Optional("languages", script.languages);
+    archive.Optional("first_index", script.first_index, standard.first_index);
     archive.Optional("answers", script.answers);
     archive.Optional("accepts_any", script.accepts_any);
     archive.Optional("class_result", script.class_result);
@@ -140,6 +141,35 @@ void Members(Archive& archive, Record& appearance) {
     archive.Optional("icons", appearance.icons, standard.icons);
 }
 
+template <class Archive, Is<ShellItem> Record>
+void Members(Archive& archive, Record& item) {
+    static constexpr std::array<std::pair<const char*, ShellItemKind>, 5> kKinds{{
+        {"other", ShellItemKind::Other},
+        {"domain", ShellItemKind::Domain},
+        {"computer", ShellItemKind::Computer},
+        {"share", ShellItemKind::Share},
+        {"network", ShellItemKind::Network},
+    }};
+    static constexpr std::array<std::pair<const char*, NameForm>, 3> kForms{{
+        {"wide", NameForm::Wide},
+        {"offset", NameForm::Offset},
+        {"bytes", NameForm::Bytes},
+    }};
+    archive.Required("name", item.name);
+    archive.OptionalChoice("kind", item.kind, kKinds, ShellItemKind::Other);
+    archive.OptionalChoice("name_form", item.name_form, kForms, NameForm::Wide);
+    archive.Optional("undescribed", item.undescribed);
+    archive.Optional("hidden", item.hidden);
+    archive.Optional("record_bytes", item.record_bytes, 32);
+    archive.Optional("items", item.items);
+}
+
+template <class Archive, Is<ShellTree> Record>
+void Members(Archive& archive, Record& shell) {
+    archive.Optional("network_present", shell.network_present, true);
+    archive.Required("network", shell.network);
+}
+
 template <class Archive, Is<Machine> Record>
 void Members(Archive& archive, Record& machine) {
     const Machine standard;
@@ -153,6 +183,7 @@ void Members(Archive& archive, Record& machine) {
     archive.Optional("command_line", machine.command_line);
     archive.Optional("special_folders", machine.special_folders);
     archive.Optional("environment", machine.environment);
+    archive.Optional("language_names", machine.language_names);
     archive.Optional("system_messages", machine.system_messages);
     archive.Optional("network_messages", machine.network_messages);
     archive.Optional("privileges", machine.privileges);

@@ -1,0 +1,85 @@
+"""The settings window as a person uses it, opened from the password window."""
+
+from password_window import PROGRAM, SETTINGS, SETTINGS_BUTTON, PasswordWindow
+from practice_network import PracticeNetwork
+from waiting import wait_until
+
+LOCAL, FRAME, SERVERS, ENTRY, ADD, REMOVE = range(100, 106)
+REMIND, DAYS, DAYS_LABEL, LANGUAGE_LABEL, LANGUAGES, PERMANENT = range(106, 112)
+ABOUT, HELP, OK, CANCEL = range(112, 116)
+ENTRY_BOX, ENTRY_BROWSE = 100, 101
+"""In the entry's own window."""
+
+LB_GETITEMHEIGHT = 0x01A1
+MARK_MIDDLE = 7
+"""At 96 dots per inch, from the left of a row."""
+
+
+class SettingsWindow:
+    def __init__(self, desktop, program=PROGRAM):
+        self.desktop = desktop
+        self.passwords = PasswordWindow(desktop, program=program, variables=PracticeNetwork(desktop).variables)
+        self.open()
+
+    def open(self):
+        self.passwords.click(SETTINGS_BUTTON)
+        self.window = self.desktop.wait_window(class_name="frmSettings", pid=self.passwords.process.pid)
+
+    def controls(self):
+        """{id: control} of the form, not of what the entry is made of."""
+        controls = self.desktop.children(self.window)
+        entry = next(control for control in controls if control.id == ENTRY and control.class_name == "Static")
+        return {control.id: control for control in controls if control.parent != entry.handle}
+
+    def control(self, identifier):
+        return self.controls()[identifier]
+
+    def entry_part(self, identifier):
+        """The box or the button of the entry."""
+        entry = self.control(ENTRY)
+        return next(control for control in self.desktop.children(self.window)
+                    if control.parent == entry.handle and control.id == identifier)
+
+    def click(self, identifier):
+        self.desktop.click(self.control(identifier))
+
+    def rows(self):
+        return [row.text for row in self.desktop.rows(self.control(SERVERS))]
+
+    def row_middle(self, row):
+        height = self.desktop.send(self.control(SERVERS), LB_GETITEMHEIGHT)
+        return row * height + height // 2
+
+    def click_mark(self, row):
+        self.desktop.click(self.control(SERVERS), at=(MARK_MIDDLE, self.row_middle(row)))
+
+    def click_name(self, row):
+        self.desktop.click(self.control(SERVERS), at=(60, self.row_middle(row)))
+
+    def open_entry(self):
+        self.click(ADD)
+        wait_until(lambda: self.control(ENTRY).visible, "the entry")
+        self.wait_focus(self.entry_part(ENTRY_BOX))
+
+    def add(self, name):
+        """By the entry, which is left by Tab."""
+        self.open_entry()
+        self.desktop.type(name)
+        self.desktop.wait_text(self.entry_part(ENTRY_BOX), name)
+        self.leave_entry()
+
+    def leave_entry(self):
+        """From its box over its button to the next control."""
+        self.desktop.press("Tab")
+        self.wait_focus(self.entry_part(ENTRY_BROWSE))
+        self.desktop.press("Tab")
+        wait_until(lambda: not self.control(ENTRY).visible, "the entry closed")
+
+    def wait_focus(self, control):
+        wait_until(lambda: self.desktop.input_state(self.window).focus == control.handle, "the focus on it")
+
+    def wait_closed(self):
+        self.desktop.wait_no_window(class_name="frmSettings", pid=self.passwords.process.pid)
+
+    def stored(self, name):
+        return self.desktop.registry_value(SETTINGS, name)
