@@ -1,6 +1,7 @@
 #include "tests/bench/practice_start.h"
 
 #include "forms/password/frmPass.h"
+#include "forms/settings/show_settings.h"
 #include "platform/network_management.h"
 #include "platform/practice/user.h"
 #include "platform/security.h"
@@ -34,6 +35,61 @@ BENCHMARK(OpenTheWindowWithServers)
     ->UseManualTime()
     ->Repetitions(1)
     ->Unit(benchmark::kMillisecond);
+
+/// The list is loaded anew after each visit to the settings, here to settings that do nothing.
+void LoadTargets(benchmark::State& state) {
+    const int servers = static_cast<int>(state.range(0));
+    practice::World& world = PracticeStart();
+    ConfigureServers(world, servers);
+    ShowSettings = [](Form&) {};
+    auto form = Application::Current().Make<frmPass>();
+    form->Show();
+    for (auto _ : state) {
+        world.calls.Clear();
+        state.SetIterationTime(SecondsOf([&] { form->Get<CommandButton>(u"cmdSettings").Pressed(); }));
+        if (form->Get<ListBox>(u"lstOldPass").ListCount() != servers)
+            state.SkipWithError("not all servers became targets");
+    }
+    Application::Current().UnloadAll();
+    ConfigureServers(world, 2);
+}
+BENCHMARK(LoadTargets)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// Opens the list mode and gives every row a password.
+std::shared_ptr<frmPass> WindowWithStoredPasswords(int count) {
+    auto form = Application::Current().Make<frmPass>();
+    form->Show();
+    form->Get<CheckBox>(u"chkSame").SetValue(0);
+    auto& list = form->Get<ListBox>(u"lstOldPass");
+    auto& box = form->Get<TextBox>(u"txtOldPass");
+    for (int row = 0; row < count; ++row) {
+        list.SetFocus();
+        list.SetListIndex(row);
+        box.SetText(kOldPassword);
+    }
+    form->Get<TextBox>(u"txtNewPass").SetFocus();
+    return form;
+}
+
+/// With the box hidden the rule goes through all stored passwords: the costliest of its cases. It runs as the
+/// new password is emptied.
+void UpdateOkButton(benchmark::State& state) {
+    const int count = static_cast<int>(state.range(0));
+    practice::World& world = PracticeStart();
+    ConfigureServers(world, count);
+    auto form = WindowWithStoredPasswords(count);
+    auto& new_password = form->Get<TextBox>(u"txtNewPass");
+    for (auto _ : state) {
+        world.calls.Clear();
+        new_password.SetText(kNewPassword);
+        state.SetIterationTime(SecondsOf([&] { new_password.SetText(u""); }));
+    }
+    if (form->Get<TextBox>(u"txtOldPass").Visible() || !form->Find(u"cmdOK").Enabled())
+        state.SkipWithError("the passwords of the rows were not counted");
+    form->Unload();
+    ConfigureServers(world, 2);
+}
+BENCHMARK(UpdateOkButton)->Arg(10000)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void FillIn(Form& form) {
     form.Get<TextBox>(u"txtOldPass").SetText(kOldPassword);

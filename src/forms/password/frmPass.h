@@ -47,6 +47,10 @@ class frmPass : public Form, public ICue, public IRedirect, public IThemed {
     /// Which controls were enabled, by name, while a click on OK keeps them all disabled.
     using ControlStates = std::map<String, bool>;
 
+    /// One number for each row, the same for names that differ in case alone: a name whose number is not
+    /// among them has no row, which so takes no search.
+    using TargetKeys = std::unordered_multiset<std::size_t>;
+
     // frmPass.cpp
     void ConnectHandlers();
     void CloseStatusGap();
@@ -123,13 +127,13 @@ class frmPass : public Form, public ICue, public IRedirect, public IThemed {
     CommandButton& cmdOK;
     CommandButton& cmdCancel;
 
-    bool mCueShown = false;              ///< keyboard cues are shown on this window
-    bool mLogOffOnExit = false;          ///< log off at Unload
-    bool mRunDone = false;               ///< the run has started
-    PasswordCollection mOldPasswords;    ///< old password per target
-    std::unordered_set<String> mTargets; ///< names of all rows, with their case folded
-    String mSavedOldPass;                ///< the single mode's old password while the list mode is on
-    Twips mOldPassTop = 0;               ///< the place of txtOldPass on the form itself
+    bool mCueShown = false;           ///< keyboard cues are shown on this window
+    bool mLogOffOnExit = false;       ///< log off at Unload
+    bool mRunDone = false;            ///< the run has started
+    PasswordCollection mOldPasswords; ///< old password per target
+    TargetKeys mTargetKeys;
+    String mSavedOldPass;  ///< the single mode's old password while the list mode is on
+    Twips mOldPassTop = 0; ///< the place of txtOldPass on the form itself
     Twips mOldPassWidth = 0;
     Twips mOldPassHeight = 0;
     std::int16_t mEditIndex = 0;       ///< the row whose old password txtOldPass holds

@@ -8,6 +8,7 @@
 #include "shell/settings.h"
 
 #include <cmath>
+#include <functional>
 
 namespace kestrelmoor {
 
@@ -16,11 +17,15 @@ namespace {
 constexpr std::int32_t kMaskLengthOfNone = 8; ///< a mask never tells that a password is absent
 constexpr double kPatience = 1.0;             ///< seconds that an open edit may hold up the list
 
+std::size_t KeyOf(const String& sName) {
+    return std::hash<String>{}(platform::FoldCase(sName));
+}
+
 } // namespace
 
 void frmPass::LoadTargets() {
     lstOldPass.Clear();
-    mTargets.clear();
+    mTargetKeys.clear();
     for (std::int32_t i = 1; i <= gServerCount && !IsUnloaded(); ++i)
         if (GetBit(i - 1))
             AddTarget(gServers[i], false);
@@ -36,7 +41,7 @@ void frmPass::AddTarget(const String& sName, bool bAtTop) {
     if (IsUnloaded())
         return;
     lstOldPass.AddItem(sName, bAtTop ? 0 : -1);
-    mTargets.insert(platform::FoldCase(sName));
+    mTargetKeys.insert(KeyOf(TargetName(lstOldPass.NewIndex())));
     const String password = mOldPasswords.Of(sName);
     if (!password.empty())
         SetTargetMask(lstOldPass.NewIndex(), static_cast<std::int32_t>(password.size()));
@@ -51,8 +56,8 @@ void frmPass::RemoveTarget(const String& sName) {
         const bool focus_moved = EndEditInTime();
         if (IsUnloaded())
             return;
+        mTargetKeys.extract(KeyOf(TargetName(row)));
         lstOldPass.RemoveItem(row);
-        mTargets.erase(platform::FoldCase(sName));
         if (focus_moved && lstOldPass.CanTakeFocus())
             lstOldPass.SetFocus();
     }
@@ -79,7 +84,7 @@ bool frmPass::EndEditInTime() {
 }
 
 int frmPass::FindTarget(const String& sName) const {
-    if (!mTargets.contains(platform::FoldCase(sName)))
+    if (!mTargetKeys.contains(KeyOf(sName)))
         return -1;
     for (int row = 0; row < lstOldPass.ListCount(); ++row)
         if (platform::CompareText(TargetName(row), sName) == 0)

@@ -5,12 +5,20 @@
 
 #include <imm.h>
 
+#include <utility>
+
 namespace kestrelmoor::platform {
 
 namespace {
 
 /// Lifts the limit to the most that an edit window takes.
 constexpr WPARAM kNoLimit = 0;
+
+// A box with a scroll bar draws the bar anew at each change of its text, which takes many times as long as
+// the change. Of many texts that come fast the first ones are shown one by one, the others a few at a time.
+constexpr std::uint32_t kShowingsAtOnce = 100;
+constexpr UINT kPause = 100;
+constexpr UINT_PTR kHeldTextTimer = 1000;
 
 DWORD EditStyle(const TextBox& box) {
     const DWORD lines = box.MultiLine() ? ES_MULTILINE | ES_AUTOVSCROLL : ES_AUTOHSCROLL;
@@ -24,10 +32,15 @@ DWORD BorderOf(const TextBox& box) {
     return box.BorderStyle() == 0 ? 0 : WS_EX_CLIENTEDGE;
 }
 
+/// Messages that neither read nor change the text, nor come from the user.
+bool IsOfDrawing(UINT message) {
+    return message == WM_PAINT || message == WM_NCPAINT || message == WM_ERASEBKGND || message == WM_TIMER;
+}
+
 } // namespace
 
 EditWindow::EditWindow(FormWindow& form, TextBox& box)
-    : ControlWindow(form, box, {L"EDIT", EditStyle(box), BorderOf(box)}) {
+    : ControlWindow(form, box, {L"EDIT", EditStyle(box), BorderOf(box)}), mShowings(kShowingsAtOnce, kPause) {
     const Quiet quiet(*this);
     Send(EM_LIMITTEXT, kNoLimit);
     ShowMargins();
@@ -58,10 +71,13 @@ void EditWindow::Show(Property what) {
 }
 
 void EditWindow::ShowText() {
+    mHeldText.reset();
     ::SetWindowTextW(Handle(), Wide(Box().Text()));
 }
 
 void EditWindow::ShowSelection() const {
+    if (mHeldText && CaretStandsAtEnd())
+        return; // the text brings the caret along
     const int start = Box().SelStart();
     Send(EM_SETSEL, static_cast<WPARAM>(start), start + Box().SelLength());
     Send(EM_SCROLLCARET);
@@ -100,9 +116,10 @@ void EditWindow::TurnInputMethodOff() const {
         ImmAssociateContext(Handle(), nullptr);
 }
 
-// While the model shows its own selection the window's is not asked for.
+// While the model shows its own selection the window's is not asked for. Text that is held has the caret
+// behind it: whatever the user does brings it in.
 bool EditWindow::ReadSelection(int& start, int& length) {
-    if (IsQuiet())
+    if (IsQuiet() || mHeldText)
         return false;
     DWORD from = 0;
     DWORD to = 0;
@@ -114,8 +131,36 @@ bool EditWindow::ReadSelection(int& start, int& length) {
 
 void EditWindow::ReplaceSelection(StringView text) {
     const Quiet quiet(*this);
-    SendText(EM_REPLACESEL, FALSE, String(text));
+    if (!mHeldText)
+        mHeldText.emplace();
+    *mHeldText += text;
+    if (Box().MultiLine() && CaretStandsAtEnd() && !mShowings.Take(::GetTickCount()))
+        ::SetTimer(Handle(), kHeldTextTimer, kPause, nullptr);
+    else
+        BringHeldTextIn();
+}
+
+bool EditWindow::CaretStandsAtEnd() const {
+    return Box().SelLength() == 0 && Box().SelStart() == static_cast<int>(Box().Text().size());
+}
+
+void EditWindow::BringHeldTextIn() {
+    if (!mHeldText)
+        return;
+    const Quiet quiet(*this);
+    const String text = *std::exchange(mHeldText, std::nullopt);
+    ::KillTimer(Handle(), kHeldTextTimer);
+    const DWORD start = ::GetTickCount();
+    SendText(EM_REPLACESEL, FALSE, text);
     Send(EM_SCROLLCARET);
+    mShowings.Passed(start, ::GetTickCount());
+}
+
+// Nobody ever sees or reads the window without the text that is held.
+LRESULT EditWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
+    if (!IsOfDrawing(message) || (message == WM_TIMER && wide == kHeldTextTimer))
+        BringHeldTextIn();
+    return ControlWindow::Process(message, wide, parameter);
 }
 
 String EditWindow::WindowText() const {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/windows/control_window.h"
+#include "runtime/allowance.h"
 #include "runtime/forms/controls.h"
+
+#include <optional>
 
 namespace kestrelmoor::platform {
 
@@ -17,6 +20,7 @@ class EditWindow : public ControlWindow {
     HBRUSH Colours(HDC context, UINT question) const override;
 
   protected:
+    LRESULT Process(UINT message, WPARAM wide, LPARAM parameter) override;
     void ShowFont() override;
 
   private:
@@ -28,6 +32,11 @@ class EditWindow : public ControlWindow {
     void ShowMargins() const;
     void TurnInputMethodOff() const;
     String WindowText() const;
+    bool CaretStandsAtEnd() const;
+    void BringHeldTextIn();
+
+    std::optional<String> mHeldText; ///< what the end of the text still lacks in the window
+    Allowance mShowings;
 };
 
 } // namespace kestrelmoor::platform

@@ -2,6 +2,7 @@
 
 #include "runtime/forms/control.h"
 
+#include <deque>
 #include <vector>
 
 namespace kestrelmoor {
@@ -113,7 +114,7 @@ class RowControl : public Control {
   public:
     RowControl(Form& form, const ControlDesign& design);
 
-    int ListCount() const { return static_cast<int>(mRows.size()); }
+    int ListCount() const { return static_cast<int>(mSlots.size()); }
     const String& List(int row) const;         ///< raises 381 for a row that is not there
     void SetList(int row, const String& text); ///< in its place, even in a sorted list
     std::int32_t ItemData(int row) const;
@@ -148,7 +149,12 @@ class RowControl : public Control {
     std::size_t Position(int row) const;
     int PlaceFor(StringView text) const;
 
-    std::vector<std::unique_ptr<Row>> mRows; ///< one word to move per row when others come ahead of it
+    std::uint32_t Store(const String& text);
+
+    // Slots stand in order, rows stand still: little is moved when a row comes ahead of others.
+    std::deque<Row> mStore;
+    std::vector<std::uint32_t> mSlots; ///< of the rows in their order
+    std::vector<std::uint32_t> mFree;  ///< slots whose row has been removed
     int mListIndex = -1;
     int mNewIndex = -1;
     bool mSorted;

@@ -27,7 +27,7 @@ void RowControl::SetItemData(int row, std::int32_t data) {
 }
 
 void RowControl::SetListIndex(int row) {
-    if (mRows.empty() && row >= 0)
+    if (mSlots.empty() && row >= 0)
         return;
     if (row < -1 || row >= ListCount())
         RaiseError(error_number::kInvalidPropertyValue);
@@ -42,7 +42,7 @@ void RowControl::AddItem(const String& text, int row) {
     if (row < -1 || row > ListCount())
         RaiseError(error_number::kInvalidArgument);
     const int place = row >= 0 ? row : PlaceFor(text);
-    mRows.insert(mRows.begin() + place, std::make_unique<Row>(Row{.text = text}));
+    mSlots.insert(mSlots.begin() + place, Store(text));
     mNewIndex = place;
     if (mListIndex >= place)
         ++mListIndex;
@@ -53,7 +53,8 @@ void RowControl::AddItem(const String& text, int row) {
 void RowControl::RemoveItem(int row) {
     if (!HasRow(row))
         RaiseError(error_number::kInvalidArgument);
-    mRows.erase(mRows.begin() + row);
+    mFree.push_back(mSlots[Position(row)]);
+    mSlots.erase(mSlots.begin() + row);
     mNewIndex = -1;
     if (mListIndex == row)
         mListIndex = -1;
@@ -64,7 +65,9 @@ void RowControl::RemoveItem(int row) {
 }
 
 void RowControl::Clear() {
-    mRows.clear();
+    mSlots.clear();
+    mFree.clear();
+    mStore.clear();
     mListIndex = -1;
     mNewIndex = -1;
     if (Peer() != nullptr)
@@ -88,11 +91,11 @@ bool RowControl::HasRow(int row) const {
 }
 
 RowControl::Row& RowControl::At(int row) {
-    return *mRows[Position(row)];
+    return mStore[mSlots[Position(row)]];
 }
 
 const RowControl::Row& RowControl::At(int row) const {
-    return *mRows[Position(row)];
+    return mStore[mSlots[Position(row)]];
 }
 
 std::size_t RowControl::Position(int row) const {
@@ -101,18 +104,29 @@ std::size_t RowControl::Position(int row) const {
     return static_cast<std::size_t>(row);
 }
 
+std::uint32_t RowControl::Store(const String& text) {
+    if (mFree.empty()) {
+        mStore.push_back({.text = text});
+        return static_cast<std::uint32_t>(mStore.size() - 1);
+    }
+    const std::uint32_t slot = mFree.back();
+    mFree.pop_back();
+    mStore[slot] = {.text = text};
+    return slot;
+}
+
 int RowControl::PlaceFor(StringView text) const {
     if (!mSorted)
         return ListCount();
     const Application& application = Application::Current();
     // Names that come in order, as they are stored, go to the end without a search.
-    if (mRows.empty() || application.CompareRows(text, mRows.back()->text) >= 0)
+    if (mSlots.empty() || application.CompareRows(text, mStore[mSlots.back()].text) >= 0)
         return ListCount();
-    const auto place = std::upper_bound(mRows.begin(), mRows.end(), text,
-                                        [&application](StringView added, const std::unique_ptr<Row>& row) {
-                                            return application.CompareRows(added, row->text) < 0;
-                                        });
-    return static_cast<int>(place - mRows.begin());
+    const auto place =
+        std::upper_bound(mSlots.begin(), mSlots.end(), text, [&](StringView added, std::uint32_t slot) {
+            return application.CompareRows(added, mStore[slot].text) < 0;
+        });
+    return static_cast<int>(place - mSlots.begin());
 }
 
 } // namespace kestrelmoor

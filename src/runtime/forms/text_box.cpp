@@ -43,10 +43,10 @@ void TextBox::SetSelLength(int length) {
 
 void TextBox::SetSelText(const String& text) {
     ReadSelection();
-    String edited = mText;
-    edited.replace(static_cast<std::size_t>(mSelStart), static_cast<std::size_t>(mSelLength), text);
-    const bool changed = edited != mText;
-    mText = std::move(edited);
+    const auto start = static_cast<std::size_t>(mSelStart);
+    const auto length = static_cast<std::size_t>(mSelLength);
+    const bool changed = StringView(mText).substr(start, length) != text;
+    mText.replace(start, length, text);
     mSelStart += static_cast<int>(text.size());
     mSelLength = 0;
     if (Peer() != nullptr)

@@ -1,12 +1,20 @@
-// bare_window.exe LANGUAGE-LIBRARY: a window with the fifteen controls of the password window, with the words
-// and the font of the language library, at the places that they have when it opens. It can be looked at and
+// bare_window.exe LANGUAGE-LIBRARY: the system's calls that lead to the password window of Moorlink.exe with
+// two servers, and a window with its fifteen controls, with the words and the font of the language library,
+// at the places that they have when it opens, in the colours of the visual style. It can be looked at and
 // closed.
 
 #include "tests/bench/bare/language.h"
+#include "tests/bench/bare/start_calls.h"
+#include "tests/bench/bare/visual_calls.h"
+
+#include <imm.h>
+
+#include <initializer_list>
 
 namespace {
 
 using kestrelmoor::bench::Language;
+using kestrelmoor::bench::Look;
 
 struct Piece {
     const wchar_t* window_class;
@@ -47,10 +55,24 @@ constexpr int kTitle = 303;
 constexpr LONG kWidth = 345;
 constexpr LONG kHeight = 185;
 constexpr int kFontHeight = -11;
+constexpr int kTabStop = 89;
+
+Look gLook;
+
+LRESULT Coloured(HDC context, COLORREF back, COLORREF text) {
+    ::SetBkColor(context, back);
+    ::SetTextColor(context, text);
+    ::SetDCBrushColor(context, back);
+    return reinterpret_cast<LRESULT>(::GetStockObject(DC_BRUSH));
+}
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) {
     if (message == WM_DESTROY)
         ::PostQuitMessage(0);
+    if (message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX)
+        return Coloured(reinterpret_cast<HDC>(wide), gLook.back, gLook.back_text);
+    if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN)
+        return Coloured(reinterpret_cast<HDC>(wide), gLook.face, gLook.face_text);
     return ::DefWindowProcW(window, message, wide, parameter);
 }
 
@@ -71,6 +93,28 @@ HWND MakeWindow(Language& language) {
                              place.bottom - place.top, nullptr, nullptr, form_class.hInstance, nullptr);
 }
 
+void FillEdit(HWND box) {
+    ::SendMessageW(box, EM_LIMITTEXT, 0, 0);
+    if ((::GetWindowLongW(box, GWL_STYLE) & ES_PASSWORD) == 0)
+        return;
+    ::SendMessageW(box, EM_SETPASSWORDCHAR, gLook.mask, 0);
+    const auto associate = reinterpret_cast<decltype(&::ImmAssociateContext)>(
+        reinterpret_cast<void*>(::GetProcAddress(::LoadLibraryW(L"imm32.dll"), "ImmAssociateContext")));
+    if (associate)
+        associate(box, nullptr);
+}
+
+void FillList(HWND list) {
+    ::SendMessageW(list, LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&kTabStop));
+    const wchar_t mask[] = {L'\t',      gLook.mask, gLook.mask, gLook.mask, gLook.mask,
+                            gLook.mask, gLook.mask, gLook.mask, gLook.mask, L'\0'};
+    for (const wchar_t* const name : {L" This computer", L"\\\\ARCHIVE", L"PRACTICE"}) {
+        wchar_t row[64];
+        ::lstrcatW(::lstrcpyW(row, name), mask);
+        ::SendMessageW(list, LB_INSERTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(row));
+    }
+}
+
 void MakePieces(HWND window, Language& language) {
     const HFONT font = ::CreateFontW(kFontHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
                                      language.FontName());
@@ -81,16 +125,26 @@ void MakePieces(HWND window, Language& language) {
                                                piece.left, piece.top, piece.width, piece.height, window,
                                                nullptr, ::GetModuleHandleW(nullptr), nullptr);
         ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        if (::lstrcmpiW(piece.window_class, L"EDIT") == 0)
+            FillEdit(control);
+        if (::lstrcmpiW(piece.window_class, L"LISTBOX") == 0)
+            FillList(control);
     }
 }
 
 } // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    Language language(kestrelmoor::bench::Arguments());
-    ::LoadLibraryW(L"comctl32.dll");
+    const wchar_t* const library = kestrelmoor::bench::Arguments();
+    kestrelmoor::bench::CallsAheadOfTheLanguage(library);
+    Language language(library);
+    kestrelmoor::bench::Accounts accounts;
+    kestrelmoor::bench::CallsBehindTheLanguage(accounts);
+    kestrelmoor::bench::CallsAheadOfTheWindow();
     const HWND window = MakeWindow(language);
+    gLook = kestrelmoor::bench::AskForLook(window);
     MakePieces(window, language);
+    kestrelmoor::bench::CallsBehindTheControls(window);
     ::ShowWindow(window, SW_SHOW);
     MSG message{};
     while (::GetMessageW(&message, nullptr, 0, 0) > 0) {

@@ -109,6 +109,21 @@ TEST_F(Rows, RemovingTheCurrentRowLeavesNoneWithoutAClick) {
     EXPECT_EQ(clicks, 0);
 }
 
+TEST_F(Rows, ARowThatComesAfterARemovalIsANewOne) {
+    for (const char16_t* const text : {u"a", u"b", u"c"})
+        marks.AddItem(text);
+    marks.SetItemData(1, 7);
+    marks.SetSelected(1, true);
+    marks.RemoveItem(1);
+    marks.AddItem(u"d");
+    marks.AddItem(u"e", 0);
+    EXPECT_EQ(All(marks), (StringList{u"e", u"a", u"c", u"d"}));
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(marks.ItemData(row), 0) << row;
+        EXPECT_FALSE(marks.Selected(row)) << row;
+    }
+}
+
 TEST_F(Rows, ClearingLeavesNothing) {
     sorted.AddItem(u"a");
     sorted.SetListIndex(0);

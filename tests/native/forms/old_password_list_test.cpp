@@ -130,6 +130,25 @@ TEST_F(OldPasswordList, TargetsThatDifferOnlyInCaseAreInTheListOnce) {
     EXPECT_EQ(Rows(), (Lines{Masked("\\\\Archive"), Masked("practice")}));
 }
 
+TEST_F(OldPasswordList, ATargetWhoseNameIsTheFirstPartOfARowIsThere) {
+    Configure({u"A\tB", u"a", u"C"}, false);
+    OpenRows();
+    EXPECT_EQ(Rows(), (Lines{Masked("A"), Masked("C")}));
+}
+
+TEST_F(OldPasswordList, ANameWithATabIsNeverThatOfARow) {
+    Configure({u"A", u"A\tB", u"A\tB"}, false);
+    OpenRows();
+    EXPECT_EQ(Rows(), (Lines{Masked("A"), Masked("A"), Masked("A")}));
+    form->RemoveTarget(u"A\tB");
+    EXPECT_EQ(List().ListCount(), 3);
+    form->RemoveTarget(u"a");
+    form->RemoveTarget(u"a");
+    EXPECT_EQ(Rows(), Lines{Masked("A")});
+    Visit([](Form&) { Configure({u"A\tB", u"A"}, false); });
+    EXPECT_EQ(Rows(), Lines{"A\tB"});
+}
+
 TEST_F(OldPasswordList, TheSecondLoadFindsTheSameTargetsOnceMore) {
     OpenRows();
     for (int visit = 0; visit < 3; ++visit)

@@ -2,6 +2,8 @@
 #include "tests/native/forms/password_rows.h"
 #include "window_services/keyboard_cues.h"
 
+#include <cstdlib>
+
 namespace kestrelmoor::tests {
 
 namespace {
@@ -10,6 +12,11 @@ constexpr std::size_t kCapsLock = 20;
 constexpr std::size_t kShift = 16;
 constexpr std::size_t kLeftButton = 1;
 constexpr std::size_t kLastKey = 255;
+
+// How the process of a test tells what became of the cues.
+constexpr int kStillShown = 10;
+constexpr int kHidden = 11;
+constexpr int kNotShown = 12;
 
 /// A window whose cues are shown or hidden by the hooks alone; the pointer starts at 1000, 1000, where the
 /// cues were hidden last.
@@ -197,6 +204,21 @@ TEST_F(PasswordCues, TheHidingPointMovesAlsoWhereNoFormIsActive) {
     user.MoveMouse(510, 500);
     EXPECT_TRUE(CuesShown()) << "near the point of the move that nobody saw";
     KeyboardCueHook(0, u'A', 1);
+}
+
+// A process of its own, in which the mouse has not moved yet.
+TEST_F(PasswordCues, TheFirstMouseEventIsComparedWithTheCornerOfTheScreen) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto first_event_hides = [this](int x, int y) {
+        Open();
+        user.Press(u'A');
+        const bool shown = CuesShown();
+        user.MoveMouse(x, y);
+        std::_Exit(!shown ? kNotShown : CuesShown() ? kStillShown : kHidden);
+    };
+    EXPECT_EXIT(first_event_hides(31, 6), testing::ExitedWithCode(kStillShown), "") << "961 + 36 pixels";
+    EXPECT_EXIT(first_event_hides(31, 7), testing::ExitedWithCode(kHidden), "") << "961 + 49 pixels";
+    EXPECT_EXIT(first_event_hides(500, 400), testing::ExitedWithCode(kHidden), "");
 }
 
 TEST_F(PasswordCues, AKeyWithNoFormInFrontIsNoMatter) {
