@@ -1,5 +1,6 @@
 #include "account/mAD.h"
 
+#include "shell/program_state.h"
 #include "tests/native/account/account_test.h"
 
 namespace kestrelmoor::tests {
@@ -40,6 +41,12 @@ TEST_F(DirectoryChange, ReachesTheLocalComputerAndADomain) {
     EXPECT_EQ(AccountAt(u"\\\\DC1").password, kNew);
     EXPECT_EQ(CallsOf({"GetObject"}), (Lines{R"(GetObject("WinNT://WORKBENCH/user,user"))",
                                              R"(GetObject("WinNT://PRACTICE/user,user"))"}));
+}
+
+TEST_F(DirectoryChange, IsOfTheKnownUser) {
+    gUserName = u"somebody";
+    EXPECT_EQ(Change(), -1);
+    EXPECT_EQ(CallsOf({"GetObject"}), Lines{R"(GetObject("WinNT://ARCHIVE/somebody,user"))"});
 }
 
 TEST_F(DirectoryChange, TheOldPasswordGoesAheadOfTheNew) {
@@ -137,6 +144,14 @@ TEST_F(DirectoryChange, NoLineThatCannotBeWrittenIsTrappedWithTheCall) {
         EXPECT_EQ(RaisedNumber([this] { Change(u"\\\\ARCHIVE", u"wrong"); }), 70) << line;
     }
     EXPECT_EQ(error, u"message 12: -2147024810, IADsUser.ChangePassword, system 86");
+}
+
+TEST_F(DirectoryChange, TheWordsOfTheFailureAreFoundWhileTheCallIsTrapped) {
+    StartDiagnosing();
+    world.Fail("FormatMessageW", 317);
+    world.Fail("Append", 5, 3);
+    EXPECT_EQ(static_cast<std::uint32_t>(Change(u"\\\\ARCHIVE", u"wrong")), 0x80070056U);
+    EXPECT_EQ(error, u"untouched");
 }
 
 TEST_F(DirectoryChange, LogsNothingWhileNotDiagnosing) {
