@@ -16,13 +16,20 @@ MARK_MIDDLE = 7
 
 
 class SettingsWindow:
-    def __init__(self, desktop, program=PROGRAM):
+    def __init__(self, desktop, program=PROGRAM, folder="", by_keys=False):
+        """`folder` is the current directory of the program, where it looks for more languages."""
         self.desktop = desktop
-        self.passwords = PasswordWindow(desktop, program=program, variables=PracticeNetwork(desktop).variables)
+        self._by_keys = by_keys
+        self.network = PracticeNetwork(desktop)
+        process = desktop.start(program, ["/f"], cwd=folder, variables=self.network.variables)
+        self.passwords = PasswordWindow(desktop, process=process)
         self.open()
 
     def open(self):
-        self.passwords.click(SETTINGS_BUTTON)
+        if self._by_keys:
+            self.desktop.press("Alt+S")
+        else:
+            self.passwords.click(SETTINGS_BUTTON)
         self.window = self.desktop.wait_window(class_name="frmSettings", pid=self.passwords.process.pid)
 
     def controls(self):
@@ -40,11 +47,34 @@ class SettingsWindow:
         return next(control for control in self.desktop.children(self.window)
                     if control.parent == entry.handle and control.id == identifier)
 
+    def enabled(self, identifier):
+        return self.control(identifier).enabled
+
+    def checked(self, identifier):
+        return self.desktop.checked(self.control(identifier)) == 1
+
+    def set_checked(self, identifier, checked):
+        if self.checked(identifier) != checked:
+            self.click(identifier)
+        self.wait_checked(identifier, checked)
+
+    def wait_checked(self, identifier, checked):
+        wait_until(lambda: self.checked(identifier) == checked, "control %d checked: %s" % (identifier, checked))
+
     def click(self, identifier):
         self.desktop.click(self.control(identifier))
 
     def rows(self):
         return [row.text for row in self.desktop.rows(self.control(SERVERS))]
+
+    def current_row(self):
+        return self.desktop.list_state(self.control(SERVERS))[0]
+
+    def wait_rows(self, *names):
+        wait_until(lambda: self.rows() == list(names), "the rows %s, they are %s" % (names, self.rows()))
+
+    def wait_current(self, row):
+        wait_until(lambda: self.current_row() == row, "row %d chosen, it is %d" % (row, self.current_row()))
 
     def row_middle(self, row):
         height = self.desktop.send(self.control(SERVERS), LB_GETITEMHEIGHT)
@@ -64,9 +94,12 @@ class SettingsWindow:
     def add(self, name):
         """By the entry, which is left by Tab."""
         self.open_entry()
+        self.type_name(name)
+        self.leave_entry()
+
+    def type_name(self, name):
         self.desktop.type(name)
         self.desktop.wait_text(self.entry_part(ENTRY_BOX), name)
-        self.leave_entry()
 
     def leave_entry(self):
         """From its box over its button to the next control."""
@@ -74,6 +107,30 @@ class SettingsWindow:
         self.wait_focus(self.entry_part(ENTRY_BROWSE))
         self.desktop.press("Tab")
         wait_until(lambda: not self.control(ENTRY).visible, "the entry closed")
+
+    def set_days(self, words):
+        """By keys, in the place of what stands there."""
+        days = self.control(DAYS)
+        self.desktop.click(days, clicks=2)
+        self.desktop.press("Backspace")
+        self.desktop.wait_text(days, "")
+        self.desktop.type(words)
+        self.desktop.wait_text(days, words)
+
+    def choose_language(self, begins):
+        """By keys: the row whose name begins so."""
+        languages = self.control(LANGUAGES)
+        row = next(at for at, row in enumerate(self.desktop.rows(languages)) if row.text.startswith(begins))
+        self.desktop.press("Alt+L")
+        self.wait_focus(languages)
+        self.desktop.press("Home")
+        for _ in range(row):
+            self.desktop.press("Down")
+        wait_until(lambda: self.desktop.rows(languages)[row].selected, "the language %r" % begins)
+
+    def save(self):
+        self.click(OK)
+        self.wait_closed()
 
     def wait_focus(self, control):
         wait_until(lambda: self.desktop.input_state(self.window).focus == control.handle, "the focus on it")

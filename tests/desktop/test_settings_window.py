@@ -2,30 +2,19 @@
 
 import unittest
 
-from desktop_case import DesktopCase, run_at
-from password_window import SETTINGS, STAND_INS, targets
-from settings_window import (
-    ADD, CANCEL, DAYS, DAYS_LABEL, ENTRY, ENTRY_BOX, LOCAL, OK, PERMANENT, REMIND, SERVERS, SettingsWindow,
-)
+from desktop_case import run_at
+from settings_case import ARCHIVE, SERVER, SettingsCase
+from settings_window import ADD, DAYS, DAYS_LABEL, ENTRY, ENTRY_BOX, LOCAL, OK, PERMANENT, REMIND, SERVERS
 from waiting import wait_until
 
-ARCHIVE, SERVER = "\\\\ARCHIVE", "\\\\SERVER"
 MODAL_FRAME_IN_TASK_BAR = 0x00040000
 
 
-class SettingsCase(DesktopCase):
-    options = {"dlls": STAND_INS, "registry": targets([ARCHIVE, SERVER, "PRACTICE"])}
-
-    def setUp(self):
-        self.desktop.guard_session()
-        self.settings = SettingsWindow(self.desktop)
-
+class Looks(SettingsCase):
     def place(self, identifier):
         found = self.settings.control(identifier).place
         return found.left, found.top, found.width, found.height
 
-
-class Looks(SettingsCase):
     def test_it_stands_in_the_middle_of_its_owner_and_holds_it_off(self):
         own = self.desktop.window(self.settings.window)
         owner = self.desktop.window(self.settings.passwords.window)
@@ -92,24 +81,6 @@ class Resolutions(unittest.TestCase):
 
 
 class Servers(SettingsCase):
-    def setUp(self):
-        super().setUp()
-        for name, value in SettingsCase.options["registry"].items():
-            for entry, data in value.items():
-                self.desktop.write_registry(name, entry, data)
-        self.settings.click(CANCEL)
-        self.settings.wait_closed()
-        self.settings.passwords.close()
-        self.settings = SettingsWindow(self.desktop)
-
-    def save(self):
-        self.settings.click(OK)
-        self.settings.wait_closed()
-
-    def assert_stored(self, *names):
-        told = targets(names)[SETTINGS]["Servers"]
-        self.assertEqual(told, self.desktop.read_registry(SETTINGS, "Servers"))
-
     def test_a_click_on_a_mark_is_stored(self):
         self.settings.click_mark(1)
         self.save()

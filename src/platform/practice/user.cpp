@@ -7,6 +7,8 @@
 #include "runtime/forms/application.h"
 #include "runtime/forms/user_control.h"
 
+#include <algorithm>
+
 namespace kestrelmoor::practice {
 
 namespace {
@@ -155,14 +157,31 @@ void BringIntoView(RowControl& list, int row) {
     }
 }
 
-bool PressRow(RowControl& list, int row) {
+/// The row of that text nearest to `row`: others may have come and gone. -1: none.
+int NearestRow(const RowControl& list, int row, const String& text) {
+    const auto stands_at = [&](int place) {
+        return place >= 0 && place < list.ListCount() && list.List(place) == text;
+    };
+    for (int away = 0; away <= std::max(row, list.ListCount()); ++away)
+        for (const int place : {row - away, row + away})
+            if (stands_at(place))
+                return place;
+    return -1;
+}
+
+/// Presses the mouse on a row and lets it go there. Returns where the row then stands, -1 where nothing was
+/// chosen: the press moves the focus, and rows may come and go by that.
+int PressRow(RowControl& list, int row) {
     BringIntoView(list, row);
     if (!CanBeChosen(list, row))
-        return false;
+        return -1;
+    const String text = list.List(row);
     if (!PressMouse(list, [&list, row] { list.RowPressed(row); }))
-        return false;
-    list.RowChosen(row);
-    return true;
+        return -1;
+    const int place = NearestRow(list, row, text);
+    if (place >= 0)
+        list.RowChosen(place);
+    return place;
 }
 
 } // namespace
@@ -220,8 +239,8 @@ bool User::ToggleRow(ListBox& list, int row) {
     if (!CanBeChosen(list, row))
         return false;
     const std::shared_ptr<Form> form = list.Parent().shared_from_this();
-    if (PressRow(list, row))
-        list.RowToggled(row);
+    if (const int place = PressRow(list, row); place >= 0)
+        list.RowToggled(place);
     return true;
 }
 

@@ -32,6 +32,11 @@ RECT MarkPlace(const RECT& row) {
     return {left, top, left + width, top + height};
 }
 
+bool IsInMarkColumn(LPARAM place) {
+    const int x = static_cast<short>(LOWORD(place));
+    return x >= 0 && x < PixelX(kMarkColumn);
+}
+
 /// The focus rectangle is a cue like the underlines. Systems that know no hiding answer 0.
 bool ShowsFocus(const DRAWITEMSTRUCT& item) {
     return (item.itemState & ODS_FOCUS) != 0 &&
@@ -104,23 +109,74 @@ void CheckListWindow::DrawRow(const DRAWITEMSTRUCT& item, int row) const {
         ::DrawFocusRect(item.hDC, &place);
 }
 
-int CheckListWindow::MarkAt(LPARAM place) const {
-    const POINT point{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+int CheckListWindow::RowAt(LPARAM place) const {
+    const LONG y = static_cast<short>(HIWORD(place));
     const int first = static_cast<int>(Send(LB_GETTOPINDEX));
     for (int row = first; IsRow(row); ++row) {
         RECT rectangle{};
         Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
-        if (point.y < rectangle.bottom)
-            return point.y >= rectangle.top && point.x >= 0 && point.x < PixelX(kMarkColumn) ? row : -1;
+        if (y < rectangle.bottom)
+            return y >= rectangle.top ? row : -1;
     }
     return -1;
+}
+
+LONG CheckListWindow::TopOf(int row) const {
+    RECT rectangle{};
+    Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
+    return rectangle.top;
+}
+
+void CheckListWindow::RowInserted(int row) {
+    ListWindow::RowInserted(row);
+    if (mPressedRow < 0)
+        return;
+    mPressedRow += row <= mPressedRow ? 1 : 0;
+    mPressedMoved = true;
+}
+
+void CheckListWindow::RowRemoved(int row) {
+    ListWindow::RowRemoved(row);
+    if (mPressedRow < 0)
+        return;
+    if (row == mPressedRow)
+        mPressedRow = -1;
+    else
+        mPressedRow -= row < mPressedRow ? 1 : 0;
+    mPressedMoved = true;
+}
+
+void CheckListWindow::NotePress(LPARAM place) {
+    mPressedRow = RowAt(place);
+    mMarkPressed = mPressedRow >= 0 && IsInMarkColumn(place);
+    mPressedMoved = false;
+    mPressedTop = mPressedRow >= 0 ? TopOf(mPressedRow) : 0;
+    mPressedShift = 0;
+}
+
+/// The place as far from the pressed row as it was before rows came or went; that row is chosen once more.
+LPARAM CheckListWindow::WithPressedRow(LPARAM place) {
+    if (!IsRow(mPressedRow))
+        return place;
+    if (std::exchange(mPressedMoved, false)) {
+        Send(LB_SETCURSEL, static_cast<WPARAM>(mPressedRow));
+        List().RowPressed(mPressedRow);
+        mPressedShift = TopOf(mPressedRow) - mPressedTop;
+    }
+    const LONG y = static_cast<short>(HIWORD(place)) + mPressedShift;
+    return MAKELPARAM(LOWORD(place), static_cast<WORD>(y));
 }
 
 LRESULT CheckListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-        mPressedMark = MarkAt(parameter);
+        NotePress(parameter);
+        break;
+    case WM_MOUSEMOVE:
+        if ((wide & MK_LBUTTON) == 0)
+            mPressedRow = -1; // it was let go elsewhere
+        parameter = WithPressedRow(parameter);
         break;
     case WM_LBUTTONUP:
         return ButtonUp(wide, parameter);
@@ -150,10 +206,10 @@ LRESULT CheckListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
 // The press may have scrolled its row, so the height at which it is let go says nothing.
 LRESULT CheckListWindow::ButtonUp(WPARAM keys, LPARAM place) {
     const HWND window = Handle();
-    const int row = std::exchange(mPressedMark, -1);
-    const LRESULT result = ListWindow::Process(WM_LBUTTONUP, keys, place);
-    const int x = static_cast<short>(LOWORD(place));
-    if (Of(window) == this && row >= 0 && row == List().ListIndex() && x >= 0 && x < PixelX(kMarkColumn))
+    const LPARAM moved = WithPressedRow(place);
+    const int row = std::exchange(mPressedRow, -1);
+    const LRESULT result = ListWindow::Process(WM_LBUTTONUP, keys, moved);
+    if (Of(window) == this && mMarkPressed && row >= 0 && row == List().ListIndex() && IsInMarkColumn(place))
         ReportTurn(row);
     return result;
 }

@@ -321,6 +321,15 @@ TEST_F(SettingsServers, SpaceTurnsTheCheckOfTheCurrentRow) {
     EXPECT_TRUE(OkEnabled());
 }
 
+TEST_F(SettingsServers, AnotherRowIsMetByTheMouseThoughThePlaceholderGoesMeanwhile) {
+    OpenWith({u"ARCHIVE", u"ZEBRA"}, {true, false});
+    Click(u"cmdAddServer");
+    ASSERT_EQ(Rows(), (Lines{"* ...", "* ARCHIVE", "ZEBRA"}));
+    user.ToggleRow(List(), 2);
+    EXPECT_EQ(Rows(), (Lines{"* ARCHIVE", "* ZEBRA"}));
+    EXPECT_EQ(CurrentRow(), "ZEBRA");
+}
+
 TEST_F(SettingsServers, AStoredServerOfThreeDotsIsTakenForThePlaceholder) {
     OpenWith({u"..."}, {true});
     user.ToggleRow(List(), 0);

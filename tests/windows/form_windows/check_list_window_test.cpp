@@ -134,6 +134,67 @@ TEST_F(FormMarks, AreLetBeWhenTheButtonIsLetGoElsewhere) {
     EXPECT_EQ(Seen(), (Events{"lstNames Click 0"}));
 }
 
+// The press takes the focus from a box whose row then goes, as that of an entry over the list does.
+TEST_F(FormMarks, AreTurnedWhereTheyWerePressedThoughARowAboveHasGone) {
+    list.AddItem(u"aardvark");
+    StartFrom(form->txtDays);
+    form->txtDays.LostFocus = [this] { list.RemoveItem(0); };
+    hand->ToggleRow(list, 1);
+    EXPECT_EQ(list.ListIndex(), 0);
+    EXPECT_TRUE(list.Selected(0));
+    EXPECT_TRUE(list.Selected(1));
+}
+
+TEST_F(FormMarks, AreTurnedWhereTheyWerePressedThoughARowAboveHasComeAndIsChosen) {
+    StartFrom(form->txtDays);
+    form->txtDays.LostFocus = [this] {
+        list.AddItem(u"aardvark");
+        list.SetListIndex(0);
+    };
+    hand->ToggleRow(list, 1);
+    EXPECT_EQ(list.ListIndex(), 2);
+    EXPECT_FALSE(list.Selected(2));
+    EXPECT_FALSE(list.Selected(0));
+}
+
+TEST_F(FormMarks, AreTurnedWhereTheyWerePressedThoughTheMouseTrembles) {
+    list.AddItem(u"aardvark");
+    StartFrom(form->txtDays);
+    form->txtDays.LostFocus = [this] { list.RemoveItem(0); };
+    const LONG half = RowHeight() / 2;
+    const LPARAM place = MAKELPARAM(half, Row(1).top + half);
+    Send(list, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    hand->Settle();
+    Send(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(half + 1, Row(1).top + half));
+    EXPECT_EQ(Send(list, LB_GETCURSEL), 0);
+    Send(list, WM_LBUTTONUP, 0, place);
+    hand->Settle();
+    EXPECT_EQ(list.ListIndex(), 0);
+    EXPECT_TRUE(list.Selected(0));
+}
+
+TEST_F(FormMarks, ForgetAPressThatEndedElsewhere) {
+    StartFrom(list);
+    const LONG half = RowHeight() / 2;
+    Send(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(half, half));
+    hand->Settle();
+    ::ReleaseCapture();
+    Send(list, WM_MOUSEMOVE, 0, MAKELPARAM(half, half));
+    list.SetListIndex(1);
+    list.AddItem(u"aardvark");
+    Send(list, WM_MOUSEMOVE, 0, MAKELPARAM(half, half));
+    EXPECT_EQ(Send(list, LB_GETCURSEL), 2);
+    EXPECT_EQ(list.ListIndex(), 2);
+}
+
+TEST_F(FormMarks, AreLetBeWhenThePressedRowItselfHasGone) {
+    StartFrom(form->txtDays);
+    form->txtDays.LostFocus = [this] { list.RemoveItem(0); };
+    hand->ToggleRow(list, 0);
+    EXPECT_TRUE(list.Selected(0));
+    EXPECT_EQ(list.ListCount(), 1);
+}
+
 WNDPROC own_procedure = nullptr;
 LRESULT cue_state = 0;
 
