@@ -11,6 +11,8 @@
 #include "shell/program_state.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace kestrelmoor {
 
@@ -36,6 +38,15 @@ void AddNumber(Numbers& numbers, std::int16_t number) {
         return;
     numbers.Redim(numbers.LowerBound(), numbers.UpperBound() + 1);
     numbers[numbers.UpperBound()] = number;
+}
+
+/// What a library tells of itself, each number once and without the automatic choice; with its lower bound.
+Numbers Distinct(const Numbers& told) {
+    std::vector<std::int16_t> kept;
+    for (const std::int16_t number : told.Elements())
+        if (number != 0 && std::find(kept.begin(), kept.end(), number) == kept.end())
+            kept.push_back(number);
+    return kept.empty() ? Numbers() : Numbers(told.LowerBound(), std::move(kept));
 }
 
 void AddLibraryFiles(Numbers& numbers) {
@@ -101,7 +112,7 @@ String frmSettings::GetLanguageName(std::int16_t nLangID) {
 }
 
 Array<std::int16_t> frmSettings::GetLanguageList() {
-    Numbers numbers = GetDefaultLibLanguages();
+    Numbers numbers = Distinct(GetDefaultLibLanguages());
     const bool filled = numbers.HasStorage();
     const std::int32_t first = filled ? numbers.LowerBound() : 0;
     // The new element at the end is the automatic choice.

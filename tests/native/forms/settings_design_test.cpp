@@ -72,6 +72,8 @@ TEST_F(SettingsDesign, ControlsThatMoveStandInTheirPlaces) {
                                                         {u"txtRemind", {1440, 1905, 375, 285}},
                                                         {u"lblRemind", {1920, 1950, 3135, 255}},
                                                         {u"lstServers", {240, 240, 3015, 960}}};
+    EXPECT_EQ(At(u"ucAddComp").Width(), 2655); // 4683 and 423 hundredths of a millimetre
+    EXPECT_EQ(At(u"ucAddComp").Height(), 240);
     for (const auto& [name, place] : places) {
         SCOPED_TRACE(ToUtf8(name));
         EXPECT_EQ(At(name).Left(), place.left);

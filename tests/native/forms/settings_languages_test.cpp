@@ -108,6 +108,25 @@ TEST_F(SettingsLanguages, NothingIsListedTwice) {
     EXPECT_EQ(Listed(), (Lines{" text 403=0", "German=1031", "Russian=1049"}));
 }
 
+TEST_F(SettingsLanguages, WhatTheDefaultLibraryTellsTwiceIsListedOnce) {
+    PutDefault({1033, 1033, 0, 1031});
+    EXPECT_EQ(Listed(), (Lines{" text 403=0", "English=1033", "German=1031"}));
+}
+
+TEST_F(SettingsLanguages, AFolderNamedLikeALibraryIsNoFile) {
+    world.files.CreateFolder(u"C:\\Work\\1031.loc");
+    EXPECT_EQ(Listed(), kAutomaticAlone);
+}
+
+TEST_F(SettingsLanguages, ADefaultLibraryThatCannotBeAskedToGoIsListedAllTheSame) {
+    PutDefault({1033});
+    practice::Library library = *world.libraries.Find(kDefaultLibrary);
+    library.lacks = {"DllCanUnloadNow"};
+    world.libraries.Put(std::move(library));
+    modules_left = 1;
+    EXPECT_EQ(Listed(), (Lines{" text 403=0", "English=1033"}));
+}
+
 TEST_F(SettingsLanguages, TheFirstConfiguredLibraryIsNeverListed) {
     PutLocFiles({u"1031", u"1036", u"1049"});
     EXPECT_EQ(Listed(), (Lines{" text 403=0", "French=1036", "Russian=1049"}));

@@ -111,7 +111,7 @@ TEST_F(SettingsNames, NamesOfEveryLengthUpTo1000ComeBack) {
     EXPECT_EQ(gServers[15].size(), 1000U);
 }
 
-TEST_F(SettingsNames, PastedNamesOf1To1000CharactersAreAllTold) {
+TEST_F(SettingsNames, PastedNamesFrom1To1000CharactersAreKept) {
     for (std::size_t length = 1; length <= 1000; length += 37)
         PasteName(String(length, u'p'));
     SaveAndLoad();
