@@ -21,14 +21,27 @@ def plain(name):
     return "/".join(parts)
 
 
+def output(program, *options):
+    return subprocess.run(
+        [program, *options], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True).stdout
+
+
+def runs(program):
+    """The records of all benchmarks. Each family has a process of its own, so that none works in the memory that
+    another has left in pieces."""
+    families = dict.fromkeys(
+        name.partition("/")[0] for name in output(program, "--benchmark_list_tests=true").splitlines())
+    for family in families:
+        report = output(
+            program, "--benchmark_filter=^%s(/|$)" % family, "--benchmark_format=json",
+            "--benchmark_min_time=0.1", "--benchmark_repetitions=%d" % REPETITIONS)
+        yield from json.loads(report)["benchmarks"]
+
+
 def measured(program):
     """{name: [nanoseconds of each repetition]} and {name: counters}."""
-    done = subprocess.run(
-        [program, "--benchmark_format=json", "--benchmark_min_time=0.1",
-         "--benchmark_repetitions=%d" % REPETITIONS],
-        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
     times, counters = {}, {}
-    for run in json.loads(done.stdout)["benchmarks"]:
+    for run in runs(program):
         if run.get("error_occurred"):
             raise RuntimeError("%s: %s" % (run["name"], run["error_message"]))
         if run["run_type"] == "iteration":

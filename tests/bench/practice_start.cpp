@@ -1,12 +1,14 @@
 #include "tests/bench/practice_start.h"
 
 #include "localization/language_resolution.h"
+#include "platform/collation.h"
 #include "platform/form_peer.h"
 #include "runtime/forms/application.h"
 #include "shell/Main.h"
 #include "shell/program_state.h"
 #include "shell/settings.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -20,7 +22,6 @@ constexpr std::uint32_t kMultiText = 7;
 constexpr std::int16_t kEnglish = 1033;
 
 String ServerName(int index) {
-    // Scattered, so that a sorted list has to find each one's place.
     std::string digits = std::to_string(index * 7919 % 100003);
     digits.insert(0, 6 - digits.size(), '0');
     return u"SERVER" + FromUtf8(digits);
@@ -57,13 +58,16 @@ practice::World& PracticeStart() {
     return world;
 }
 
-void ConfigureServers(practice::World& world, int count) {
+void ConfigureServers(practice::World& world, int count, Order order) {
     world.network.computers.resize(1);
     StringList names;
     for (int index = 1; index <= count; ++index) {
         world.network.computers.push_back(MakeServer(index, world.clock.Now()));
         names.push_back(u"\\\\" + ServerName(index));
     }
+    if (order == Order::kSorted)
+        std::sort(names.begin(), names.end(),
+                  [](const String& a, const String& b) { return platform::CompareRows(a, b) < 0; });
     practice::RegistryKey& key = world.registry.Create(kSettingsKey);
     key.Set(u"Servers", kMultiText, practice::TextsData(names));
     key.Set(u"Active", kBinary, practice::Bytes(static_cast<std::size_t>(count + 7) / 8, 0xFF));

@@ -10,9 +10,12 @@ namespace kestrelmoor::bench {
 /// of calls is emptied; whoever measures in a loop empties it again.
 practice::World& PracticeStart();
 
+/// Sorted as the settings store them, or as a list from elsewhere may come.
+enum class Order { kSorted, kScattered };
+
 /// Makes `count` servers, each with an account of the user, the settings in the registry and in memory: all
 /// active, the local computer not among them.
-void ConfigureServers(practice::World& world, int count);
+void ConfigureServers(practice::World& world, int count, Order order = Order::kSorted);
 
 inline constexpr char16_t kOldPassword[] = u"Old-Password-1"; ///< that of the user on every server
 inline constexpr char16_t kNewPassword[] = u"Next-Password-2";

@@ -2,9 +2,11 @@
 
 #include "forms/password/frmPass.h"
 #include "forms/settings/show_settings.h"
+#include "platform/directory_service.h"
 #include "platform/network_management.h"
 #include "platform/practice/user.h"
 #include "platform/security.h"
+#include "runtime/errors.h"
 #include "runtime/forms/application.h"
 
 #include <benchmark/benchmark.h>
@@ -37,10 +39,10 @@ BENCHMARK(OpenTheWindowWithServers)
     ->Unit(benchmark::kMillisecond);
 
 /// The list is loaded anew after each visit to the settings, here to settings that do nothing.
-void LoadTargets(benchmark::State& state) {
+void LoadTargetsIn(benchmark::State& state, Order order) {
     const int servers = static_cast<int>(state.range(0));
     practice::World& world = PracticeStart();
-    ConfigureServers(world, servers);
+    ConfigureServers(world, servers, order);
     ShowSettings = [](Form&) {};
     auto form = Application::Current().Make<frmPass>();
     form->Show();
@@ -53,7 +55,16 @@ void LoadTargets(benchmark::State& state) {
     Application::Current().UnloadAll();
     ConfigureServers(world, 2);
 }
+void LoadTargets(benchmark::State& state) {
+    LoadTargetsIn(state, Order::kSorted);
+}
 BENCHMARK(LoadTargets)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// Each name has to find its place among the others: what a search takes grows with their number's logarithm.
+void LoadScatteredTargets(benchmark::State& state) {
+    LoadTargetsIn(state, Order::kScattered);
+}
+BENCHMARK(LoadScatteredTargets)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// Opens the list mode and gives every row a password.
 std::shared_ptr<frmPass> WindowWithStoredPasswords(int count) {
@@ -128,9 +139,23 @@ void RunOverServers(benchmark::State& state) {
 }
 BENCHMARK(RunOverServers)->Arg(1000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// The calls of one target in a run, as they are recorded.
+/// There is no directory: the call fails, as it does for the program.
+void TryToBind(const String& path) {
+    try {
+        platform::BindObject(path);
+    } catch (const RuntimeError&) {
+        return;
+    }
+}
+
+/// The calls of one target in a run and in the check ahead of it, as they are recorded.
 void CallsOfOneTarget(Desktop& desktop, const String& server) {
+    const String path = u"WinNT://" + server.substr(2) + u"/user,user";
+    platform::UserModalsInfo0 policy;
+    TryToBind(path);
+    platform::NetUserModalsGet(server, policy);
     desktop.PumpEvents();
+    TryToBind(path);
     platform::OwnedToken token;
     platform::OpenProcessToken(platform::GetCurrentProcess(), 0x28, token);
     platform::Luid luid = 0;
