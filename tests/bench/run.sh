@@ -26,6 +26,7 @@ measure_processes() {
     build windows Moorlink default_loc driver bare_programs \
         stand_in_directory stand_in_netapi32 stand_in_netmsg
     /usr/bin/python3 -B "$here/whole_process.py"
+    /usr/bin/python3 -B "$here/settings_dialog.py"
 }
 
 [ $# -gt 0 ] || set -- logic process
