@@ -38,3 +38,25 @@ def run_at(test, case):
     if result.skipped:
         test.skipTest(result.skipped[0][1])
     test.assertEqual([text for _, text in result.errors + result.failures], [])
+
+
+class EveryLook:
+    """Tests that call `look_at(dots_per_inch, style)` for both styles at three resolutions."""
+
+    def test_themed_at_96(self):
+        self.look_at(96, "themed")
+
+    def test_themed_at_144(self):
+        self.look_at(144, "themed")
+
+    def test_themed_at_192(self):
+        self.look_at(192, "themed")
+
+    def test_classic_at_96(self):
+        self.look_at(96, "classic")
+
+    def test_classic_at_144(self):
+        self.look_at(144, "classic")
+
+    def test_classic_at_192(self):
+        self.look_at(192, "classic")

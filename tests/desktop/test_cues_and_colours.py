@@ -2,7 +2,7 @@
 
 import unittest
 
-from desktop_case import DesktopCase, run_at
+from desktop_case import DesktopCase, EveryLook, run_at
 from held_network import HeldNetwork
 from password_window import (
     CONFIRM, CONFIRM_LABEL, NEW, NEW_LABEL, OK, OLD, OLD_LABEL, SAME, STAND_INS, STATUS, TARGETS, USER,
@@ -186,7 +186,7 @@ class Classic(LookCase):
         self.picture("colour-changed-96", self.window.window)
 
 
-class Pictures(unittest.TestCase):
+class Pictures(EveryLook, unittest.TestCase):
     """The window in both modes and all layouts, themed and classic; nothing is clipped and nothing overlaps."""
 
     def look_at(self, dpi, look):
@@ -262,24 +262,6 @@ class Pictures(unittest.TestCase):
                 self.assert_layout(window)
 
         run_at(self, AtResolution())
-
-    def test_themed_at_96(self):
-        self.look_at(96, "themed")
-
-    def test_themed_at_144(self):
-        self.look_at(144, "themed")
-
-    def test_themed_at_192(self):
-        self.look_at(192, "themed")
-
-    def test_classic_at_96(self):
-        self.look_at(96, "classic")
-
-    def test_classic_at_144(self):
-        self.look_at(144, "classic")
-
-    def test_classic_at_192(self):
-        self.look_at(192, "classic")
 
 
 if __name__ == "__main__":

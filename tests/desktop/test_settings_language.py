@@ -2,7 +2,7 @@
 
 import unittest
 
-from desktop_case import run_at
+from desktop_case import EveryLook, run_at
 from longer_language import GERMAN, longer, longer_library
 from password_window import NEW_LABEL, TITLE
 from practice_network import program_folder
@@ -106,27 +106,9 @@ class Looks(TwoLanguagesCase):
         self.look_at("longer")
 
 
-class Pictures(unittest.TestCase):
+class Pictures(EveryLook, unittest.TestCase):
     def look_at(self, dpi, look):
         run_at(self, type("LooksAt", (Looks,), {"dpi": dpi, "look": look})("check"))
-
-    def test_themed_at_96(self):
-        self.look_at(96, "themed")
-
-    def test_themed_at_144(self):
-        self.look_at(144, "themed")
-
-    def test_themed_at_192(self):
-        self.look_at(192, "themed")
-
-    def test_classic_at_96(self):
-        self.look_at(96, "classic")
-
-    def test_classic_at_144(self):
-        self.look_at(144, "classic")
-
-    def test_classic_at_192(self):
-        self.look_at(192, "classic")
 
 
 if __name__ == "__main__":
