@@ -4,7 +4,7 @@ set -eu
 cd "$(dirname "$0")"
 
 tools/install_packages.sh cmake ninja-build g++ g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 \
-  nlohmann-json3-dev libgtest-dev googletest python3 python3-polib gettext
+  nlohmann-json3-dev libgtest-dev googletest python3 python3-polib python3-pefile gettext
 
 build() {
   local preset=$1
@@ -12,9 +12,9 @@ build() {
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset" --target "$@"
 }
-build native practice default_loc
-build windows Moorlink default_loc
+build native practice languages
+build windows Moorlink languages
 
 rm -rf out/program
 cp -r out/windows/program out/program
-echo "out/program/Moorlink.exe and its language library; out/native/practice, the practice console"
+echo "out/program/Moorlink.exe and its language libraries; out/native/practice, the practice console"

@@ -10,7 +10,7 @@
 #include <stdint.h>
 
 enum {
-    kTextAreaSize = 65536,
+    kTextAreaSize = 32768,
     kTextAreaFormat = 1, // 0 stands in an area that was never filled
     kPluralTableSize = 200,
     kPluralPeriod = 100,

@@ -40,10 +40,12 @@ def _probes():
 
 def make(form_count, rule):
     """Returns the table as bytes; raises ValueError for a rule that the table can't tell."""
-    table = bytes(rule(count) for count in range(TABLE_SIZE))
-    highest = max(table)
-    if highest >= form_count:
-        raise ValueError(f"the plural rule gives form {highest}, but nplurals is {form_count}")
+    try:
+        table = [rule(count) for count in range(TABLE_SIZE)]
+    except ZeroDivisionError:
+        raise ValueError("the plural rule divides by zero") from None
+    if max(table) >= form_count:
+        raise ValueError(f"the plural rule gives form {max(table)}, but nplurals is {form_count}")
     for count in _probes():
         if rule(count) != table[index_of(count)]:
             raise ValueError(
@@ -51,4 +53,4 @@ def make(form_count, rule):
                 f"{table[index_of(count)]}: a library can only hold rules that repeat every {PERIOD} from "
                 f"{TABLE_SIZE} on; write the rule without that exception"
             )
-    return table
+    return bytes(table)

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Makes a language library of Kestrelmoor from a translation.
 
-    po_to_loc.py --library default.loc --po de.po --out 1031.loc
-    po_to_loc.py --po de.po                     only looks the translation through
+    po_to_loc.py --library default.loc --po da.po --out 1030.loc
+    po_to_loc.py --po da.po                     only looks the translation through
 
 Any library will do as --library, an empty one as well as the library of another language: its texts are
 replaced. The header of the .po file says which languages the library serves, and with which font.
@@ -16,6 +16,7 @@ import tempfile
 
 import text_area
 import translation
+import windows_image
 
 CATALOGUE = pathlib.Path(__file__).resolve().parent.parent / "languages" / "messages.json"
 
@@ -43,7 +44,7 @@ def make_library(template, out, texts):
     except ValueError as error:
         raise translation.Refused([f"{template}: {error}"]) from None
     try:
-        write_whole(out, filled)
+        write_whole(out, windows_image.with_checksum(filled))
     except OSError as error:
         raise translation.Refused([f"{out}: {error.strerror}"]) from None
 
@@ -63,8 +64,6 @@ def main(arguments=None):
         parser.error("--library and --out go together")
     try:
         texts = translation.read(options.po, translation.read_catalogue(options.catalogue))
-        for note in texts.notes:
-            print(note, file=sys.stderr)
         if options.out:
             make_library(options.library, options.out, texts)
     except translation.Refused as refused:

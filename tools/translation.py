@@ -3,6 +3,7 @@
 import dataclasses
 import json
 import re
+import unicodedata
 
 import plural_table
 import polib
@@ -10,6 +11,7 @@ import text_area
 
 EMPTY_ON_PURPOSE = "(none)"
 SOURCE_LANGUAGE = "en"
+BYTE = "[0-9]|[1-9][0-9]|1[0-9][0-9]|2[0-4][0-9]|25[0-5]"
 
 
 class Refused(Exception):
@@ -36,7 +38,6 @@ class Translation:
     help_file: str
     plural_table: bytes
     texts: dict  # (number, form) -> text
-    notes: list  # what a translator may want to know, one line each
 
 
 def read_catalogue(path):
@@ -64,51 +65,73 @@ def accelerators(text):
     return [match[1] for match in re.finditer(r"&(&|.|$)", text, re.DOTALL) if match[1] != "&"]
 
 
+def is_on_a_key(character):
+    """False for what is typed by way of an input method, such as a Chinese character."""
+    return character.isalnum() and unicodedata.east_asian_width(character) not in "WF"
+
+
 class _Reader:
     def __init__(self, path, catalogue):
         self.path = path
         self.catalogue = catalogue
+        self.content_lines = []
         self.problems = []
-        self.notes = []
         self.texts = {}
         self.lines = {}
         self.form_count = 0
+        self.is_english = False
 
     def complain(self, line, text):
         self.problems.append(f"{self.path}:{line}: {text}")
 
     def read(self):
-        file = self.parse()
+        content = self.read_file()
+        self.content_lines = content.splitlines()
+        file = self.parse(content)
+        self.is_english = re.split("[-_]", file.metadata.get("Language", ""))[0] == SOURCE_LANGUAGE
         translation = self.read_head(file)
         for entry in file:
             if not entry.obsolete:
-                self.read_entry(entry, file.metadata.get("Language", ""))
+                self.read_entry(entry)
         self.check_completeness()
         self.check_accelerators()
         if self.problems:
             raise Refused(self.problems)
         return translation
 
-    def parse(self):
+    def read_file(self):
         try:
-            return polib.pofile(self.path.read_text(encoding="utf-8"))
+            return self.path.read_text(encoding="utf-8")
         except UnicodeDecodeError as error:
-            raise Refused(
-                [f"{self.path}: it is not in UTF-8 at byte {error.start}: save it as UTF-8"]
-            ) from None
+            line = error.object.count(b"\n", 0, error.start) + 1
+            raise Refused([f"{self.path}:{line}: it is not in UTF-8: save it as UTF-8"]) from None
+        except OSError as error:
+            raise Refused([f"{self.path}: {error.strerror}"]) from None
+
+    def parse(self, content):
+        try:
+            return polib.pofile(content)
         except OSError as error:
             # The parser raises the same kind of error as the file system, with the line in its text.
             line = re.search(r"\(line ([0-9]+)\)(?:: (.*))?", str(error))
-            if not line:
-                raise Refused([f"{self.path}: {error.strerror}"]) from None
             raise Refused(
                 [f"{self.path}:{line[1]}: not understood as a .po file: {line[2] or 'wrong syntax'}"]
             ) from None
 
+    def head_line(self, name):
+        """The line of a header field; that of the header's beginning when the field is missing."""
+        for wanted in (f'"{name}:', "msgid "):
+            for line, text in enumerate(self.content_lines, start=1):
+                if text.startswith(wanted):
+                    return line
+        return 1
+
     def field(self, file, name, pattern, meaning):
         value = file.metadata.get(name, "").strip()
         if not re.fullmatch(pattern, value):
-            self.complain(1, f"the header field {name} should be {meaning}, but is '{value}'")
+            self.complain(
+                self.head_line(name), f"the header field {name} should be {meaning}, but is '{value}'"
+            )
             return None
         return value
 
@@ -118,18 +141,21 @@ class _Reader:
         )
         languages = [int(number) for number in numbers.split()] if numbers else []
         if not all(0 < number < 0x10000 for number in languages):
-            self.complain(1, "the header field X-Language-Numbers holds a number outside 1 to 65535")
+            self.complain(
+                self.head_line("X-Language-Numbers"),
+                "the header field X-Language-Numbers holds a number outside 1 to 65535",
+            )
         relatives = self.field(file, "X-Serves-Relatives", "yes|no", "yes or no")
         font = self.field(file, "X-Font-Name", ".+", "the name of a font")
         old_font = self.field(file, "X-Font-Name-NT4", ".+", "the name of a font")
-        charset = self.field(file, "X-Font-Charset", "[0-9]{1,3}", "the number of a character set")
+        charset = self.field(file, "X-Font-Charset", BYTE, "the number of a character set, 0 to 255")
         help_file = self.field(file, "X-Help-File", ".+", "the name of the help file")
         table = b""
         try:
             self.form_count, rule = plural_table.parse(file.metadata.get("Plural-Forms", ""))
             table = plural_table.make(self.form_count, rule)
         except ValueError as error:
-            self.complain(1, str(error))
+            self.complain(self.head_line("Plural-Forms"), str(error))
         return Translation(
             languages=languages,
             serves_relatives=relatives == "yes",
@@ -139,10 +165,9 @@ class _Reader:
             help_file=help_file,
             plural_table=table,
             texts=self.texts,
-            notes=self.notes,
         )
 
-    def read_entry(self, entry, language):
+    def read_entry(self, entry):
         context = entry.msgctxt or ""
         if not re.fullmatch("[1-9][0-9]{0,4}", context):
             self.complain(entry.linenum, f"'{context}' is no message number: write the number as msgctxt")
@@ -162,21 +187,26 @@ class _Reader:
             form = "a noun, and needs msgid_plural" if is_noun else "no noun: take out msgid_plural"
             self.complain(entry.linenum, f"number {number} is {form}")
         else:
-            translated = entry.translated()
-            if not translated and not language.startswith(SOURCE_LANGUAGE):
-                if entry.msgid != EMPTY_ON_PURPOSE:
-                    self.notes.append(f"{self.path}:{entry.linenum}: number {number} stays in English")
+            if entry.fuzzy:
+                self.complain(
+                    entry.linenum,
+                    f"number {number} is marked as fuzzy: see whether the text fits and take out the mark",
+                )
             if is_noun:
-                self.read_noun(entry, number, translated)
+                self.read_noun(entry, number)
             else:
-                self.read_message(entry, number, entry.msgstr if translated else entry.msgid)
+                self.read_message(entry, number)
 
-    def read_noun(self, entry, number, translated):
+    def takes_english(self, entry):
+        """True where the English text stands as it is."""
+        return self.is_english and not entry.msgstr and not any(entry.msgstr_plural.values())
+
+    def read_noun(self, entry, number):
         for form in range(self.form_count):
-            if translated:
-                text = entry.msgstr_plural.get(form, "")
-            else:
+            if self.takes_english(entry):
                 text = entry.msgid if form == 0 else entry.msgid_plural
+            else:
+                text = entry.msgstr_plural.get(form, "")
             if not text:
                 self.complain(entry.linenum, f"number {number} lacks msgstr[{form}]")
             if placeholders(text):
@@ -189,14 +219,25 @@ class _Reader:
                 f"number {number} has msgstr[{surplus[0]}], but nplurals is {self.form_count}",
             )
 
-    def read_message(self, entry, number, text):
-        if text == EMPTY_ON_PURPOSE:
+    def read_message(self, entry, number):
+        text = entry.msgid if self.takes_english(entry) else entry.msgstr
+        if not text:
+            self.complain(entry.linenum, f"number {number} is not translated: fill in msgstr")
+        elif text == EMPTY_ON_PURPOSE:
             if number not in self.catalogue.may_be_empty:
                 self.complain(entry.linenum, f"number {number} can't be left empty: give it a text")
             text = ""
         else:
             self.check_placeholders(entry.linenum, number, text)
+            self.check_accelerator(entry, number, text)
         self.texts[number, text_area.MESSAGE_FORM] = re.sub("\r?\n", "\r\n", text)
+
+    def check_accelerator(self, entry, number, text):
+        if accelerators(entry.msgid) and not accelerators(text):
+            self.complain(
+                entry.linenum,
+                f"number {number} lacks an accelerator: put & ahead of a letter, or (&X) behind the word",
+            )
 
     def check_placeholders(self, line, number, text):
         found = placeholders(text)
@@ -213,18 +254,20 @@ class _Reader:
 
     def check_completeness(self):
         for number in sorted((self.catalogue.nouns | set(self.catalogue.arguments)) - set(self.lines)):
-            self.problems.append(
-                f"{self.path}: number {number} is missing: copy its entry from en.po and translate it"
+            self.complain(
+                len(self.content_lines),
+                f"number {number} is missing: copy its entry from en.po and translate it",
             )
 
     def check_accelerators(self):
         marks = {}
         for number in sorted({number for group in self.catalogue.windows.values() for number in group}):
             found = accelerators(self.texts.get((number, text_area.MESSAGE_FORM), ""))
-            if len(found) > 1 or any(not mark.strip() for mark in found):
+            if len(found) > 1 or not all(map(is_on_a_key, found)):
                 self.complain(
                     self.lines[number],
-                    f"number {number} needs one & at most, ahead of a letter; write && for an ampersand",
+                    f"number {number} needs one & at most, ahead of a letter that is on a key; write && for "
+                    "an ampersand",
                 )
             elif found:
                 marks[number] = found[0].casefold()

@@ -23,7 +23,7 @@ measure_logic() {
 measure_processes() {
     tools/install_packages.sh cmake ninja-build g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 googletest \
         nlohmann-json3-dev python3 python3-polib gettext util-linux xvfb xdotool imagemagick
-    build windows Moorlink default_loc driver bare_programs \
+    build windows Moorlink languages driver bare_programs \
         stand_in_directory stand_in_netapi32 stand_in_netmsg
     /usr/bin/python3 -B "$here/whole_process.py"
     /usr/bin/python3 -B "$here/settings_dialog.py"

@@ -16,12 +16,12 @@ MARK_MIDDLE = 7
 
 
 class SettingsWindow:
-    def __init__(self, desktop, program=PROGRAM, folder="", by_keys=False):
+    def __init__(self, desktop, program=PROGRAM, folder="", by_keys=False, arguments=(), network=None):
         """`folder` is the current directory of the program, where it looks for more languages."""
         self.desktop = desktop
         self._by_keys = by_keys
-        self.network = PracticeNetwork(desktop)
-        process = desktop.start(program, ["/f"], cwd=folder, variables=self.network.variables)
+        self.network = network or PracticeNetwork(desktop)
+        process = desktop.start(program, ["/f", *arguments], cwd=folder, variables=self.network.variables)
         self.passwords = PasswordWindow(desktop, process=process)
         self.open()
 

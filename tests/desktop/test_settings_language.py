@@ -4,12 +4,16 @@ import unittest
 
 from desktop_case import EveryLook, run_at
 from longer_language import GERMAN, longer, longer_library
-from password_window import NEW_LABEL, TITLE
+from password_window import NEW_LABEL, PROGRAM, TITLE
 from practice_network import program_folder
 from settings_case import SettingsCase
 from settings_window import DAYS, DAYS_LABEL, ENTRY, LANGUAGES, OK, REMIND, SERVERS, SettingsWindow
 from waiting import wait_until
 
+LANGUAGE_NAMES = [
+    "Chinese", "Czech", "Dutch", "English", "French", "German", "Italian", "Japanese", "Korean", "Polish", "Portuguese",
+    "Russian", "Spanish", "Turkish", "Ukrainian",
+]
 CLASSIC = {"HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager": {"ThemeActive": "0"}}
 
 
@@ -18,6 +22,8 @@ class TwoLanguagesCase(SettingsCase):
 
     def open(self):
         program = program_folder(self.desktop)
+        for library in program.parent.glob("[0-9]*.loc"):
+            library.unlink()
         (program.parent / ("%d.loc" % GERMAN)).write_bytes(longer_library(self.desktop))
         return SettingsWindow(self.desktop, program=program, folder=program.parent)
 
@@ -35,8 +41,9 @@ class ThereAndBack(TwoLanguagesCase):
         self.assertEqual(longer(english), window.text(NEW_LABEL))
         self.assertEqual(GERMAN, self.settings.stored("LangID"))
         self.settings.open()
-        self.assertEqual("Kestrelmoor " + longer("Settings"), self.desktop.window(self.settings.window).title)
-        self.assertEqual(longer("days before a password expires"),
+        self.assertEqual(longer("%1 Settings").replace("%1", "Kestrelmoor"),
+                         self.desktop.window(self.settings.window).title)
+        self.assertEqual(longer("%1 before a password expires").replace("%1", longer("days")),
                          self.desktop.text(self.settings.control(DAYS_LABEL)))
         self.choose(" ")
         wait_until(lambda: window.title() == TITLE, "the title in English")
@@ -49,11 +56,16 @@ class ThereAndBack(TwoLanguagesCase):
         self.settings.choose_language(" ")
         self.assertTrue(self.settings.enabled(OK))
 
+
+class Offer(SettingsCase):
+    def open(self):
+        return SettingsWindow(self.desktop, folder=PROGRAM.parent)
+
     def test_the_list_holds_each_language_once_and_the_automatic_choice_first(self):
         rows = self.desktop.rows(self.settings.control(LANGUAGES))
         self.assertEqual(" Automatic", rows[0].text)
         self.assertTrue(rows[0].selected)
-        self.assertEqual(["English", "German"], [row.text.split(" ")[0] for row in rows[1:]])
+        self.assertEqual(LANGUAGE_NAMES, [row.text.split(" ")[0] for row in rows[1:]])
 
 
 class Looks(TwoLanguagesCase):

@@ -18,7 +18,8 @@
 set -euo pipefail
 
 readonly release=bookworm
-readonly packages=(wine wine32 fonts-wine fonts-liberation)
+# The last one has the letters of Japanese, Chinese and Korean.
+readonly packages=(wine wine32 fonts-wine fonts-liberation fonts-wqy-microhei)
 readonly cache=${KESTRELMOOR_CACHE:-$HOME/.cache/kestrelmoor}
 readonly root=$cache/wine-root
 readonly host_mark=$cache/host-wine
@@ -105,12 +106,37 @@ host_runs_32_bit() {
 
 # Prefix --------------------------------------------------------------------------------------------------
 
-# Wine finds the font of the window frames' signs in the prefix alone; without it the close box shows a letter.
-readonly symbol_font=/usr/share/wine/fonts/marlett.ttf
+# Wine finds these fonts of its own in the prefix alone: that of the window frames' signs, without which the close
+# box shows a letter, and the one that has the widths of the font of Windows' dialogs.
+readonly own_fonts=(/usr/share/wine/fonts/marlett.ttf /usr/share/wine/fonts/tahoma.ttf)
+
+# The fonts that the East Asian languages of the program ask for, and the one that stands for them.
+readonly east_asian_fonts=("MS UI Gothic" "MS PGothic" "SimSun" "Gulim")
+readonly east_asian_stand_in="WenQuanYi Micro Hei"
+
+# Runs in the template, as a program of its own.
+fill_template() {
+    set -e
+    wineboot --init
+    wineserver --wait
+    local font name
+    for font in "${own_fonts[@]}"; do
+        [ ! -f "$font" ] || cp "$font" "$WINEPREFIX/drive_c/windows/Fonts/"
+    done
+    for name in "${east_asian_fonts[@]}"; do
+        wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$name" /d "$east_asian_stand_in" /f
+    done
+    wineserver --wait
+}
+
+template_recipe() {
+    declare -p own_fonts east_asian_fonts east_asian_stand_in
+    declare -f fill_template
+}
 
 # What the template was made with: it is made again for another Wine, and when its making changes.
 wine_identity() {
-    echo "symbol font"
+    template_recipe
     if [ -f "$host_mark" ]; then cat "$host_mark"; else cat "$root/fingerprint"; fi
 }
 
@@ -121,9 +147,7 @@ make_template() {
     at=$new
     [ -f "$host_mark" ] || at=/mnt/new
     (run --bind "$new:new" -- env WINEPREFIX="$at" \
-        sh -c 'wineboot --init && wineserver --wait &&
-            { [ ! -f "$0" ] || cp "$0" "$WINEPREFIX/drive_c/windows/Fonts/"; }' \
-        "$symbol_font") >"$cache/wine-prefix.log" 2>&1 ||
+        bash -c "$(template_recipe); fill_template") >"$cache/wine-prefix.log" 2>&1 ||
         no_wine "Wine does not start; $cache/wine-prefix.log tells why."
     wine_identity >"$new/made-with"
     mv "$new" "$template"

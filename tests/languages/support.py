@@ -9,7 +9,7 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 ENGLISH = ROOT / "languages" / "en.po"
-sys.path.insert(0, str(ROOT / "tools"))
+sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests")]
 sys.dont_write_bytecode = True
 
 import po_to_loc  # noqa: E402

@@ -8,7 +8,7 @@ import unittest
 import support
 import text_area
 
-CAPACITY = 65536
+CAPACITY = 32768
 
 
 def empty_area(capacity=CAPACITY, layout=0):
@@ -132,20 +132,7 @@ class WindowsLibrary(unittest.TestCase):
         self.assertEqual(areas[0], areas[1])
 
 
-class PoFiles(unittest.TestCase):
-    def test_gettext_accepts_every_translation(self):
-        files = sorted((support.ROOT / "languages").glob("*.po"))
-        self.assertIn(support.ENGLISH, files)
-        for path in files:
-            run = subprocess.run(
-                ["msgfmt", "--check", "-o", "/dev/null", path], capture_output=True, text=True
-            )
-            self.assertEqual((run.returncode, run.stderr), (0, ""), path)
-
-    def test_every_translation_holds_every_text(self):
-        for path in sorted((support.ROOT / "languages").glob("*.po")):
-            self.assertEqual(support.run_tool("--po", path), (0, ""))
-
+class EnglishTexts(unittest.TestCase):
     def test_every_entry_tells_the_translator_where_it_stands(self):
         blocks = support.ENGLISH.read_text(encoding="utf-8").strip().split("\n\n")[1:]
         self.assertGreater(len(blocks), 60)

@@ -23,11 +23,12 @@ class Refusals(unittest.TestCase):
     def test_english_is_accepted(self):
         self.assertEqual(support.run_tool("--po", support.ENGLISH), (0, ""))
 
-    def test_a_missing_number_is_named(self):
+    def test_a_missing_number_is_named_at_the_end_of_the_file(self):
         errors = self.refused(('msgctxt "1002"\nmsgid "Cancel"\nmsgstr ""\n', ""))
+        last = len(self.folder.po.read_text(encoding="utf-8").splitlines())
         self.assertEqual(
             errors,
-            f"{self.folder.po}: number 1002 is missing: copy its entry from en.po and translate it\n",
+            f"{self.folder.po}:{last}: number 1002 is missing: copy its entry from en.po and translate it\n",
         )
 
     def test_an_unknown_number_is_named(self):
@@ -99,13 +100,47 @@ class Refusals(unittest.TestCase):
         self.assertEqual(support.run_tool("--po", self.folder.po), (0, ""))
 
     def test_two_accelerators_in_one_text_are_named(self):
-        for text in ("&Of&f", "Off &"):
+        for text in ("&Of&f", "Off &", "Off& now", "&...", "&登出"):
             errors = self.refused(('"&Log Off"\nmsgstr ""', f'"&Log Off"\nmsgstr "{text}"'))
             self.assert_one(
                 errors,
                 317,
-                "number 317 needs one & at most, ahead of a letter; write && for an ampersand",
+                "number 317 needs one & at most, ahead of a letter that is on a key; write && for "
+                "an ampersand",
             )
+
+    def test_a_lost_accelerator_is_named(self):
+        for text in ("Log Off", "Log && Off"):
+            errors = self.refused(('"&Log Off"\nmsgstr ""', f'"&Log Off"\nmsgstr "{text}"'))
+            self.assert_one(
+                errors,
+                317,
+                "number 317 lacks an accelerator: put & ahead of a letter, or (&X) behind the word",
+            )
+
+    def test_an_accelerator_may_stand_behind_the_word_or_be_cyrillic(self):
+        for text in ("登出(&L)", "В&ыйти", "&1"):
+            self.folder.write(('"&Log Off"\nmsgstr ""', f'"&Log Off"\nmsgstr "{text}"'))
+            self.assertEqual(support.run_tool("--po", self.folder.po), (0, ""))
+
+    def test_a_fuzzy_entry_is_named(self):
+        errors = self.refused(
+            ('msgctxt "1002"\nmsgid "Cancel"\nmsgstr ""', '#, fuzzy\nmsgctxt "1002"\nmsgid "x"\nmsgstr "y"')
+        )
+        self.assert_one(
+            errors,
+            1002,
+            "number 1002 is marked as fuzzy: see whether the text fits and take out the mark",
+        )
+
+    def test_a_noun_has_as_many_forms_as_the_head_says(self):
+        character = 'msgid_plural "characters"\nmsgstr[0] ""\nmsgstr[1] ""'
+        errors = self.refused((character, 'msgid_plural "characters"\nmsgstr[0] "x"'))
+        self.assert_one(errors, 329, "number 329 lacks msgstr[1]")
+        errors = self.refused(
+            (character, 'msgid_plural "characters"\nmsgstr[0] "x"\nmsgstr[1] "y"\nmsgstr[2] "z"')
+        )
+        self.assert_one(errors, 329, "number 329 has msgstr[2], but nplurals is 2")
 
     def test_every_fault_is_told_at_once(self):
         errors = self.refused(
@@ -124,7 +159,7 @@ class Refusals(unittest.TestCase):
         self.folder.po.write_bytes(b'msgid ""\nmsgstr "\xfc"\n')
         code, errors = support.run_tool("--po", self.folder.po)
         self.assertEqual(code, 1)
-        self.assertEqual(errors, f"{self.folder.po}: it is not in UTF-8 at byte 17: save it as UTF-8\n")
+        self.assertEqual(errors, f"{self.folder.po}:2: it is not in UTF-8: save it as UTF-8\n")
 
     def test_a_file_that_is_not_there_is_named(self):
         code, errors = support.run_tool("--po", self.folder.path / "none.po")
@@ -136,6 +171,17 @@ class HeadFields(unittest.TestCase):
     def setUp(self):
         self.folder = support.Folder(self)
 
+    def refused(self, *replacements):
+        self.folder.write(*replacements)
+        code, errors = support.run_tool("--po", self.folder.po)
+        self.assertEqual(code, 1)
+        return errors
+
+    def line_of_field(self, passage):
+        """The line where it stands."""
+        text = self.folder.po.read_text(encoding="utf-8")
+        return text[: text.index(passage)].count("\n") + 1
+
     def test_each_field_is_needed(self):
         for field in (
             "X-Language-Numbers: 1033",
@@ -145,37 +191,78 @@ class HeadFields(unittest.TestCase):
             "X-Font-Charset: 1",
             "X-Help-File: Help-1033.html",
         ):
-            self.folder.write((f'"{field}\\n"\n', ""))
-            code, errors = support.run_tool("--po", self.folder.po)
+            errors = self.refused((f'"{field}\\n"\n', ""))
+            line = self.line_of_field('msgid ""')
             name = field.split(":")[0]
-            self.assertEqual(code, 1, field)
-            self.assertIn(f"{self.folder.po}:1: the header field {name} should be ", errors)
+            self.assertIn(f"{self.folder.po}:{line}: the header field {name} should be ", errors)
+
+    def test_a_field_that_is_wrong_is_named_with_its_line(self):
+        for right, wrong, reason in (
+            ("X-Language-Numbers: 1033", "X-Language-Numbers: en", "be language numbers with blanks between"),
+            ("X-Serves-Relatives: yes", "X-Serves-Relatives: maybe", "be yes or no"),
+            ("X-Font-Name: MS Shell Dlg 2", "X-Font-Name: ", "be the name of a font"),
+            ("X-Font-Name-NT4: MS Shell Dlg", "X-Font-Name-NT4: ", "be the name of a font"),
+            ("X-Font-Charset: 1", "X-Font-Charset: 256", "be the number of a character set, 0 to 255"),
+            ("X-Help-File: Help-1033.html", "X-Help-File: ", "be the name of the help file"),
+        ):
+            name, _, value = wrong.partition(": ")
+            errors = self.refused((right + "\\n", wrong + "\\n"))
+            place = f"{self.folder.po}:{self.line_of_field(wrong)}"
+            self.assertEqual(errors, f"{place}: the header field {name} should {reason}, but is '{value}'\n")
 
     def test_a_language_number_fits_16_bits(self):
-        self.folder.write(("X-Language-Numbers: 1033", "X-Language-Numbers: 1033 65536"))
-        code, errors = support.run_tool("--po", self.folder.po)
-        self.assertEqual(code, 1)
-        self.assertIn("outside 1 to 65535", errors)
+        for number in (0, 65536):
+            errors = self.refused(("X-Language-Numbers: 1033", f"X-Language-Numbers: 1033 {number}"))
+            place = f"{self.folder.po}:{self.line_of_field('X-Language-Numbers')}"
+            reason = "the header field X-Language-Numbers holds a number outside 1 to 65535"
+            self.assertEqual(errors, f"{place}: {reason}\n")
+
+    def test_a_plural_rule_that_cannot_be_used_is_named_with_its_line(self):
+        for rule, reason in (
+            ("two", "Plural-Forms is not of the form 'nplurals=2; plural=(n != 1);'"),
+            ("nplurals=2; plural=(n != 1;", "unbalanced parenthesis in plural form"),
+            ("nplurals=2; plural=(n / 0);", "the plural rule divides by zero"),
+            ("nplurals=2; plural=n*2;", "the plural rule gives form 398, but nplurals is 2"),
+            ("nplurals=1; plural=(n != 1);", "the plural rule gives form 1, but nplurals is 1"),
+            ("nplurals=2; plural=(n % 1000 == 1);", "the plural rule gives form 1 for 1001, but 101 has form 0"),
+        ):
+            errors = self.refused(("nplurals=2; plural=(n != 1);", rule))
+            line = self.line_of_field("Plural-Forms")
+            self.assertIn(f"{self.folder.po}:{line}: {reason}", errors)
 
     def test_a_missing_plural_rule_is_named(self):
-        self.folder.write(('"Plural-Forms: nplurals=2; plural=(n != 1);\\n"\n', ""))
-        code, errors = support.run_tool("--po", self.folder.po)
-        self.assertEqual(code, 1)
-        self.assertIn("Plural-Forms is not of the form", errors)
+        errors = self.refused(('"Plural-Forms: nplurals=2; plural=(n != 1);\\n"\n', ""))
+        line = self.line_of_field('msgid ""')
+        self.assertIn(f"{self.folder.po}:{line}: Plural-Forms is not of the form", errors)
 
 
 class Untranslated(unittest.TestCase):
-    def test_what_stays_in_english_is_noted_and_no_fault(self):
-        folder = support.Folder(self)
-        folder.write(
-            ("Language: en", "Language: de"), ('"Cancel"\nmsgstr ""', '"Cancel"\nmsgstr "Abbrechen"')
+    """English stands as it is; every other language gives a text of its own for each number."""
+
+    def setUp(self):
+        self.folder = support.Folder(self)
+
+    def errors_of(self, language):
+        self.folder.write(
+            ('"Language: en\\n"', language), ('"Cancel"\nmsgstr ""', '"Cancel"\nmsgstr "Abbrechen"')
         )
-        code, notes = support.run_tool("--po", folder.po)
-        self.assertEqual(code, 0)
-        line = folder.line_of('msgctxt "1001"\n')
-        self.assertIn(f"{folder.po}:{line}: number 1001 stays in English\n", notes)
-        for quiet in ("number 1002 ", "number 204 ", "number 205 ", "number 206 "):
-            self.assertNotIn(quiet, notes)
+        return support.run_tool("--po", self.folder.po)
+
+    def test_what_another_language_leaves_empty_is_named(self):
+        for language in ('"Language: de\\n"', '"Language: enm\\n"', '"X-Nothing: x\\n"'):
+            code, errors = self.errors_of(language)
+            self.assertEqual(code, 1)
+            for number in (1001, 204):
+                line = self.folder.line_of(f'msgctxt "{number}"\n')
+                self.assertIn(
+                    f"{self.folder.po}:{line}: number {number} is not translated: fill in msgstr\n", errors
+                )
+            line = self.folder.line_of('msgctxt "329"\n')
+            self.assertIn(f"{self.folder.po}:{line}: number 329 lacks msgstr[1]\n", errors)
+            self.assertNotIn("number 1002 ", errors)
+
+    def test_an_english_of_another_country_may_leave_empty_what_stays(self):
+        self.assertEqual(self.errors_of('"Language: en_GB\\n"'), (0, ""))
 
 
 if __name__ == "__main__":

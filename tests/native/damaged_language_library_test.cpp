@@ -117,7 +117,7 @@ TEST_F(DamagedLanguageLibrary, AnAreaWithoutLanguagesIsRefused) {
 }
 
 TEST_F(DamagedLanguageLibrary, MoreUsedThanThereIsIsRefused) {
-    SetWord(kUsed, 65537);
+    SetWord(kUsed, 32769);
     EXPECT_EQ(Use(), LOC_E_DAMAGED);
 }
 
@@ -129,7 +129,7 @@ TEST_F(DamagedLanguageLibrary, OneRecordTooManyIsRefused) {
 TEST_F(DamagedLanguageLibrary, EachOffsetOutsideTheAreaIsRefused) {
     for (std::size_t place : {32u, 40u, 48u, 52u, 60u, 68u}) {
         std::uint32_t right = Word(place);
-        for (std::uint32_t wrong : {0u, 65536u, 0xFFFFFFFEu}) {
+        for (std::uint32_t wrong : {0u, 32768u, 0xFFFFFFFEu}) {
             SetWord(place, wrong);
             EXPECT_EQ(Use(), LOC_E_DAMAGED) << place << " " << wrong;
         }

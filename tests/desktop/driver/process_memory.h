@@ -17,12 +17,13 @@ class OpenedProcess {
     OpenedProcess(const OpenedProcess&) = delete;
     OpenedProcess& operator=(const OpenedProcess&) = delete;
 
-    /// Calls a function of a library that the process has loaded, on a thread that stays there for later calls,
-    /// with up to four arguments, and gives its result. This process must have loaded the same library.
+    /// Calls a function of a library that the process has loaded, on a thread that stays there for later
+    /// calls, with up to four arguments, and gives its result. This process must have loaded the same
+    /// library.
     DWORD Call(const wchar_t* module, const char* function, const std::vector<DWORD>& arguments) const;
 
-    /// As Call, with the address of a block of `block.size()` bytes, at most 1024, as one more argument at the
-    /// end; what the block holds after the call comes back in `block`.
+    /// As Call, with the address of a block of `block.size()` bytes, at most 1024, as one more argument at
+    /// the end; what the block holds after the call comes back in `block`.
     DWORD CallWithBlock(const wchar_t* module, const char* function, std::vector<DWORD> arguments,
                         std::span<unsigned char> block) const;
 
