@@ -12,9 +12,9 @@ build() {
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset" --target "$@"
 }
-build native practice languages
-build windows Moorlink languages
+build native practice languages help_pages
+build windows Moorlink languages help_pages
 
 rm -rf out/program
 cp -r out/windows/program out/program
-echo "out/program/Moorlink.exe and its language libraries; out/native/practice, the practice console"
+echo "out/program/Moorlink.exe, its language libraries and its help pages; out/native/practice, the practice console"

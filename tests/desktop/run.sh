@@ -6,7 +6,7 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 project=$(cd "$here/../.." && pwd)
 
-"$project/tools/install_packages.sh" python3 python3-polib util-linux xvfb xdotool imagemagick \
+"$project/tools/install_packages.sh" python3 python3-polib util-linux xvfb xdotool imagemagick locales \
     cmake ninja-build g++-mingw-w64-i686-win32
 cmake -G Ninja -S "$here/driver" -B "$project/out/desktop/build" -DCMAKE_BUILD_TYPE=MinSizeRel \
     -DCMAKE_TOOLCHAIN_FILE="$project/cmake/mingw-i686.cmake" >/dev/null

@@ -65,15 +65,18 @@ class WineDesktop:
     dlls        {name: host path}: put into the system folder and used in place of Wine's own
     variables   environment of every program
     folders     {name: host path}: more folders that programs see, beside `out` and `work`
+    locale      "de_DE": the language of Windows and of its boxes; without it English
     """
 
-    def __init__(self, dpi=96, size=(1280, 960), registry=None, dlls=None, variables=None, folders=None):
+    def __init__(self, dpi=96, size=(1280, 960), registry=None, dlls=None, variables=None, folders=None,
+                 locale=None):
         self.dpi = dpi
         self.size = size
         self.registry = registry or {}
         self.dlls = dlls or {}
         self.variables = variables or {}
         self.folders = {"out": OUT, **(folders or {})}
+        self.locale = locale
         self.driver = None
         self._screen = None
         self._base = None
@@ -157,8 +160,17 @@ class WineDesktop:
         for name, path in self.folders.items():
             command += ["--bind", "%s:%s" % (path, name)]
         driver = self.windows_path(OUT / "desktop" / "driver.exe")
-        command += ["--prefix", str(self._changes), "--", "wine", driver]
+        command += ["--prefix", str(self._changes), "--", *self._with_locale(), "wine", driver]
         self.driver = Driver(command, environment)
+
+    def _with_locale(self):
+        """The head of a command that gives Wine the locale, made for it here."""
+        if self.locale is None:
+            return []
+        name = self.locale + ".UTF-8"
+        subprocess.run(["localedef", "-i", self.locale, "-f", "UTF-8", self.work / name], check=True)
+        folder = self.windows_path(self.work).removeprefix("Z:").replace("\\", "/")
+        return ["env", "LC_ALL=" + name, "LOCPATH=" + folder]
 
     # Programs ---------------------------------------------------------------------------------------------
 
