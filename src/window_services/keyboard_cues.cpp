@@ -33,27 +33,40 @@ void HideCaptionCue(Control& control) {
     control.SetCaption(caption);
 }
 
-void ShowCues(Form& form) {
+void ShowCues(Form& form, bool& bCueShown, CueLabels labels) {
+    if (bCueShown)
+        return;
     TellWindow(form, kClearHiding);
     for (const auto& control : form.Controls()) {
         const ControlKind kind = control->Kind();
-        if (kind == ControlKind::Label)
+        if (kind == ControlKind::Label && labels == CueLabels::kTakePart)
             ShowCaptionCue(*control);
         else if (kind == ControlKind::CommandButton || kind == ControlKind::CheckBox)
             control->SetCaption(control->Caption());
     }
+    bCueShown = true;
 }
 
-void HideCues(Form& form) {
+void HideCues(Form& form, bool& bCueShown, CueLabels labels) {
+    if (!bCueShown)
+        return;
     TellWindow(form, kSetHiding);
     for (const auto& control : form.Controls()) {
         const ControlKind kind = control->Kind();
-        if (kind == ControlKind::Label)
+        if (kind == ControlKind::Label && labels == CueLabels::kTakePart)
             HideCaptionCue(*control);
         else if (kind == ControlKind::CommandButton || kind == ControlKind::CheckBox ||
                  kind == ControlKind::Frame)
             control->SetCaption(control->Caption());
     }
+    bCueShown = false;
+}
+
+void TurnCues(ICue& form, bool bCueShown) {
+    if (bCueShown)
+        form.ICue_UnCue();
+    else
+        form.ICue_Cue();
 }
 
 } // namespace kestrelmoor

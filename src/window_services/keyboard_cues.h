@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/forms/form.h"
+#include "window_services/ICue.h"
 
 #include <cstdint>
 
@@ -25,10 +26,18 @@ void ShowCaptionCue(Control& control);
 /// The same without the first mark; a second one stays.
 void HideCaptionCue(Control& control);
 
-/// The showing pass over a form: labels get their marks, buttons and check boxes repaint.
-void ShowCues(Form& form);
+/// Whether the labels of a form take part in the passes below, or keep their captions.
+enum class CueLabels { kTakePart, kKeepCaptions };
 
-/// The hiding pass: as above without marks; frames repaint too.
-void HideCues(Form& form);
+/// The showing pass over a form, where `bCueShown` says that its cues are hidden: labels get their marks,
+/// buttons and check boxes repaint. The flag is set.
+void ShowCues(Form& form, bool& bCueShown, CueLabels labels = CueLabels::kTakePart);
+
+/// The hiding pass where the flag says that they are shown: as above without marks; frames repaint too. The
+/// flag is cleared.
+void HideCues(Form& form, bool& bCueShown, CueLabels labels = CueLabels::kTakePart);
+
+/// Turns the cues of a form, so that new captions take over the state that is the inverse of the flag.
+void TurnCues(ICue& form, bool bCueShown);
 
 } // namespace kestrelmoor

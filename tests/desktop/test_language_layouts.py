@@ -9,6 +9,7 @@ import unittest
 
 import polib
 
+from about_window import AboutWindow
 from desktop_case import DesktopCase, run_at
 from held_network import HeldNetwork
 from password_window import OK, OLD, PROGRAM, SAME, STAND_INS, STATUS, TARGETS, WAIT, targets
@@ -58,7 +59,13 @@ class Program:
     def show_settings(self):
         return self.settings.window
 
+    def show_about(self):
+        self.about = AboutWindow(self.settings)
+        return self.about.window
+
     def show_entry(self):
+        self.desktop.press("Escape")
+        self.about.wait_closed()
         self.settings.open_entry()
         return self.settings.window
 
@@ -100,6 +107,7 @@ class Program:
 # overlap there on purpose, or None where the program is busy and can't be asked.
 FORMS = [
     ("settings", Program.show_settings, ()),
+    ("about", Program.show_about, ()),
     ("settings-entry", Program.show_entry, [(SERVERS, ENTRY)]),
     ("password-one", Program.show_one_password, ()),
     ("password-list", Program.show_list, [(OLD, TARGETS)]),

@@ -2,8 +2,7 @@
 
 namespace kestrelmoor {
 
-/// Shows the about window modally, without an owner, and returns when it has been closed. There is no such
-/// window yet: nothing is shown.
+/// Shows the about window modally over the form in front, and returns when it has been closed.
 extern void (*ShowAbout)();
 
 } // namespace kestrelmoor

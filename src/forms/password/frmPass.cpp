@@ -1,5 +1,6 @@
 #include "forms/password/frmPass.h"
 
+#include "forms/about/open_help.h"
 #include "forms/password/frmPass_design.h"
 #include "forms/settings/show_settings.h"
 #include "localization/language_resolution.h"
@@ -69,7 +70,7 @@ void frmPass::Form_Load() {
     UpdateThemeState();
     UpdateUI();
     mCueShown = !gKeyboardCues;
-    ReapplyCues();
+    TurnCues(*this, mCueShown);
     chkSame_Click();
     txtUser.SetText(gUserName);
     if (lstOldPass.ListCount() < 2)
@@ -105,31 +106,19 @@ void frmPass::Form_Terminate() {
 }
 
 void frmPass::Form_KeyDown(int& KeyCode, int /*Shift*/) {
-    // There is no help to open yet; the key goes no further all the same.
-    if (KeyCode == key::kF1)
-        KeyCode = 0;
+    if (KeyCode != key::kF1)
+        return;
+    if (!gHelpFile.empty())
+        OpenHelp(Window());
+    KeyCode = 0;
 }
 
 void frmPass::ICue_Cue() {
-    if (mCueShown)
-        return;
-    ShowCues(*this);
-    mCueShown = true;
+    ShowCues(*this, mCueShown);
 }
 
 void frmPass::ICue_UnCue() {
-    if (!mCueShown)
-        return;
-    HideCues(*this);
-    mCueShown = false;
-}
-
-/// Turns the cue flag, so that the pass back to the state it had runs through new captions.
-void frmPass::ReapplyCues() {
-    if (mCueShown)
-        ICue_UnCue();
-    else
-        ICue_Cue();
+    HideCues(*this, mCueShown);
 }
 
 /// The status box appears with the run only; until then the controls below it stand in its place.
@@ -224,7 +213,7 @@ void frmPass::ReloadLanguage() {
     }
     ApplyTexts();
     mCueShown = !mCueShown;
-    ReapplyCues();
+    TurnCues(*this, mCueShown);
     FindHelpFile();
 }
 

@@ -55,7 +55,6 @@ class frmPass : public Form, public ICue, public IRedirect, public IThemed {
     void ConnectHandlers();
     void CloseStatusGap();
     void ApplyTexts();
-    void ReapplyCues();
     void ReloadLanguage();
     void ShowOldPassCaption();
     void MoveFrom(const Control& first, Twips distance);

@@ -51,10 +51,7 @@ void frmSettings::Form_Load() {
     UpdateUI();
     mCueShown = !gKeyboardCues;
     ApplyTexts();
-    if (mCueShown)
-        ICue_UnCue();
-    else
-        ICue_Cue();
+    TurnCues(*this, mCueShown);
     FillLanguages();
     FitReminderRow();
     ShowState();
@@ -101,17 +98,11 @@ void frmSettings::UpdateUI() {
 }
 
 void frmSettings::ICue_Cue() {
-    if (mCueShown)
-        return;
-    ShowCues(*this);
-    mCueShown = true;
+    ShowCues(*this, mCueShown);
 }
 
 void frmSettings::ICue_UnCue() {
-    if (!mCueShown)
-        return;
-    HideCues(*this);
-    mCueShown = false;
+    HideCues(*this, mCueShown);
 }
 
 void frmSettings::EnableOk() {

@@ -2,37 +2,56 @@
 
 #include "platform/collation.h"
 #include "platform/practice/list_views.h"
+#include "platform/practice/surfaces.h"
 #include "platform/practice/timers.h"
+#include "platform/practice/window_places.h"
 #include "platform/practice/windows.h"
 #include "platform/practice/world/world.h"
 #include "runtime/forms/form.h"
+
+#include <algorithm>
 
 namespace kestrelmoor::platform {
 
 namespace {
 
+using practice::kTwipsPerPixel;
 using practice::ListViews;
+using practice::Surfaces;
 using practice::TheWorld;
 using practice::Windows;
 
 /// What the frame and the title bar of a fixed dialog take.
 constexpr Twips kFrameWidth = 90;
 constexpr Twips kFrameHeight = 375;
-constexpr Twips kTwipsPerPixel = 15;
+constexpr Twips kCharacterWidth = 90;
+constexpr Twips kLineHeight = practice::kRowHeight * practice::kTwipsPerPixel;
+
+/// Of the longest line.
+std::size_t LengthOf(const String& caption) {
+    std::size_t longest = 0;
+    for (const String& line : Split(caption, u'\n'))
+        longest = std::max(longest, line.size());
+    return longest;
+}
 
 /// Shows nothing: without a screen the model is complete by itself.
 class PracticeControlPeer : public ControlPeer {
   public:
     explicit PracticeControlPeer(Control& control)
-        : mTimer(dynamic_cast<Timer*>(&control)), mList(dynamic_cast<ListBox*>(&control)),
-          mWindow(Windows::Current().Add(control)) {
+        : mControl(control), mTimer(dynamic_cast<Timer*>(&control)), mList(dynamic_cast<ListBox*>(&control)),
+          mPicture(dynamic_cast<PictureBox*>(&control)), mWindow(Windows::Current().Add(control)) {
         if (mTimer)
             practice::Timers::Current().Add(*mTimer);
         if (mList)
             ListViews::Current().Add(*mList);
+        if (mPicture)
+            Surfaces::Current().Add(*mPicture);
     }
     ~PracticeControlPeer() override {
         Windows::Current().Remove(mWindow);
+        if (mPicture)
+            Surfaces::Current().Remove(*mPicture);
         if (mList)
             ListViews::Current().Remove(*mList);
         if (mTimer)
@@ -54,6 +73,19 @@ class PracticeControlPeer : public ControlPeer {
     void ReplaceSelection(StringView) override {}
     void TakeFocus() override {}
     WindowHandle Window() const override { return mWindow; }
+    bool MeasureCaption(Twips& width, Twips& height) const override {
+        const auto lines = std::ranges::count(mControl.Caption(), u'\n') + 1;
+        width = static_cast<Twips>(LengthOf(mControl.Caption())) * kCharacterWidth;
+        height = static_cast<Twips>(lines) * kLineHeight;
+        return true;
+    }
+    void Clear() override {
+        if (mPicture)
+            Surfaces::Current().Clear(*mPicture);
+    }
+    std::uintptr_t DeviceContext() const override {
+        return mPicture ? Surfaces::Current().DeviceContext(*mPicture) : 0;
+    }
 
   private:
     void KeepRowsInView() const {
@@ -61,26 +93,35 @@ class PracticeControlPeer : public ControlPeer {
             ListViews::Current().ScrollTo(*mList, ListViews::Current().TopRow(*mList));
     }
 
+    Control& mControl;
     Timer* mTimer;
     ListBox* mList;
+    PictureBox* mPicture;
     WindowHandle mWindow;
 };
 
 class PracticeFormPeer : public FormPeer {
   public:
-    explicit PracticeFormPeer(Form& form) : mWindow(Windows::Current().Add(form)) {}
+    explicit PracticeFormPeer(Form& form) : mForm(form), mWindow(Windows::Current().Add(form)) {}
     ~PracticeFormPeer() override { Windows::Current().Remove(mWindow); }
 
     std::unique_ptr<ControlPeer> MakeControlPeer(Control& control) override {
         return std::make_unique<PracticeControlPeer>(control);
     }
-    void Show(Property) override {}
+    void Show(Property what) override {
+        if (what != Property::Visible || !mForm.Visible())
+            return;
+        for (Control* const control : mForm.AllControls())
+            if (auto* const box = dynamic_cast<PictureBox*>(control); box && box->IsUsable())
+                box->PaintRequested();
+    }
     void TakeFocus() override {}
     Twips FrameWidth() const override { return kFrameWidth; }
     Twips FrameHeight() const override { return kFrameHeight; }
     WindowHandle Window() const override { return mWindow; }
 
   private:
+    Form& mForm;
     WindowHandle mWindow;
 };
 

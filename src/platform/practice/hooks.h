@@ -15,6 +15,10 @@ namespace mouse_message {
 inline constexpr std::uintptr_t kMove = 512;
 inline constexpr std::uintptr_t kLeftDown = 513;
 inline constexpr std::uintptr_t kLeftUp = 514;
+inline constexpr std::uintptr_t kRightDown = 516;
+inline constexpr std::uintptr_t kRightUp = 517;
+inline constexpr std::uintptr_t kMiddleDown = 519;
+inline constexpr std::uintptr_t kMiddleUp = 520;
 } // namespace mouse_message
 
 /// A key, or a button of the mouse, counts as held for as long as this lives.

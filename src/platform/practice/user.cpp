@@ -4,6 +4,7 @@
 #include "platform/practice/list_views.h"
 #include "platform/practice/window_manners.h"
 #include "platform/practice/window_places.h"
+#include "platform/practice/world/world.h"
 #include "runtime/forms/application.h"
 #include "runtime/forms/user_control.h"
 
@@ -16,6 +17,7 @@ namespace {
 // The key code that stands for a character without a key of its own.
 constexpr int kPacket = 231;
 constexpr int kLeftButton = 1;
+constexpr int kRightButton = 2;
 constexpr int kShiftKey = 16;
 constexpr int kCtrlKey = 17;
 constexpr int kAltKey = 18;
@@ -115,32 +117,61 @@ Control& InTheMiddle(Control& control) {
     return control;
 }
 
+// The hook sees the pointer move before the control there does.
+void MovePointer(Form& form, const platform::ScreenPoint& point) {
+    TheWorld().mouse = {point.x, point.y};
+    RunMouseHook(mouse_message::kMove, point);
+    Control* const under = form.Visible() && form.InputEnabled() ? ControlAt(form, point) : nullptr;
+    if (!under)
+        return;
+    const platform::ScreenPoint corner = Corner(*under);
+    under->MouseMoved(0, 0, static_cast<Twips>(point.x - corner.x) * kTwipsPerPixel,
+                      static_cast<Twips>(point.y - corner.y) * kTwipsPerPixel);
+}
+
 // The window takes the press, and moves the focus itself. False: the press was swallowed.
 template <class TakesPress>
-bool TakeMouseDown(Control& control, const TakesPress& takes_press) {
+bool TakeMouseDown(Control& control, int button, const TakesPress& takes_press) {
     Form& form = control.Parent();
     Application::Current().SetActiveForm(&form);
     if (!form.MayMoveFocus(&control))
         return false;
-    control.MousePressed(kLeftButton, 0, control.Width() / 2, control.Height() / 2);
+    control.MousePressed(button, 0, control.Width() / 2, control.Height() / 2);
     takes_press();
-    if (control.CanTakeFocus())
+    if (button == kLeftButton && control.CanTakeFocus())
         form.FocusMoved(&control);
     return form.IsLoaded();
 }
 
+/// What the hook hears of a button.
+struct ButtonMessages {
+    std::uintptr_t down;
+    std::uintptr_t up;
+};
+
+ButtonMessages MessagesOf(int button) {
+    if (button == kLeftButton)
+        return {mouse_message::kLeftDown, mouse_message::kLeftUp};
+    return button == kRightButton ? ButtonMessages{mouse_message::kRightDown, mouse_message::kRightUp}
+                                  : ButtonMessages{mouse_message::kMiddleDown, mouse_message::kMiddleUp};
+}
+
 // The press and the release of the button, as far as the hook is concerned.
 template <class TakesPress>
-bool PressMouse(Control& control, const TakesPress& takes_press) {
+bool PressMouse(Control& control, int button, const TakesPress& takes_press) {
     const platform::ScreenPoint point = Middle(control);
-    RunMouseHook(mouse_message::kMove, point);
+    const ButtonMessages messages = MessagesOf(button);
+    const std::shared_ptr<Form> form = control.Parent().shared_from_this();
+    MovePointer(*form, point);
+    if (!form->IsLoaded())
+        return false;
     bool taken = false;
     {
-        const Held held(kLeftButton);
-        RunMouseHook(mouse_message::kLeftDown, point);
-        taken = TakeMouseDown(control, takes_press);
+        const Held held(button);
+        RunMouseHook(messages.down, point);
+        taken = TakeMouseDown(control, button, takes_press);
     }
-    RunMouseHook(mouse_message::kLeftUp, point);
+    RunMouseHook(messages.up, point);
     return taken;
 }
 
@@ -176,7 +207,7 @@ int PressRow(RowControl& list, int row) {
     if (!CanBeChosen(list, row))
         return -1;
     const String text = list.List(row);
-    if (!PressMouse(list, [&list, row] { list.RowPressed(row); }))
+    if (!PressMouse(list, kLeftButton, [&list, row] { list.RowPressed(row); }))
         return -1;
     const int place = NearestRow(list, row, text);
     if (place >= 0)
@@ -206,7 +237,7 @@ bool User::ClickOn(Control& control) {
     if (!CanBeClicked(hit))
         return false;
     const std::shared_ptr<Form> form = hit.Parent().shared_from_this();
-    if (PressMouse(hit, [&hit] { TakePress(hit); }))
+    if (PressMouse(hit, kLeftButton, [&hit] { TakePress(hit); }))
         TakeClick(hit);
     return true;
 }
@@ -229,9 +260,24 @@ bool User::ScrollTo(ListBox& list, int top_row) {
 }
 
 bool User::MoveMouse(int x, int y) {
-    if (FrontForm() == nullptr)
+    Form* const front = FrontForm();
+    if (front == nullptr)
         return false;
-    RunMouseHook(mouse_message::kMove, {x, y});
+    const std::shared_ptr<Form> form = front->shared_from_this();
+    MovePointer(*form, {x, y});
+    return true;
+}
+
+bool User::MoveOnto(const Control& control) {
+    const platform::ScreenPoint point = Middle(control);
+    return FrontForm() == &control.Parent() && MoveMouse(point.x, point.y);
+}
+
+bool User::PressOn(Control& control, int button) {
+    if (!CanBeClicked(control))
+        return false;
+    const std::shared_ptr<Form> form = control.Parent().shared_from_this();
+    PressMouse(control, button, [] {});
     return true;
 }
 

@@ -28,8 +28,16 @@ class User {
     /// The window of a list is scrolled so that the row stands at its top, or as near as its rows reach.
     bool ScrollTo(ListBox& list, int top_row);
 
-    /// The pointer goes to a place on the screen, in pixels, over the form in front.
+    /// The pointer goes to a place on the screen, in pixels, over the form in front. The control that lies
+    /// there is told of the movement.
     bool MoveMouse(int x, int y);
+
+    /// The same to the middle of a control.
+    bool MoveOnto(const Control& control);
+
+    /// A button of the mouse (1 left, 2 right, 4 middle) goes down in the middle of the control and is let go
+    /// again; what the left one then clicks on is `ClickOn`.
+    bool PressOn(Control& control, int button);
 
     /// A click on the check mark of a row.
     bool ToggleRow(ListBox& list, int row);

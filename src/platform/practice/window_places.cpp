@@ -7,7 +7,6 @@ namespace kestrelmoor::practice {
 
 namespace {
 
-constexpr Twips kTwipsPerPixel = 15;
 constexpr int kBorder = 2;
 constexpr int kScrollBar = 17;
 constexpr platform::ScreenPoint kFormCorner{300, 200};
@@ -59,6 +58,37 @@ platform::ScreenPoint Corner(const Control& control) {
     }
     const platform::ScreenPoint form = Corner(control.Parent());
     return {form.x + Pixels(left) + BorderOf(control), form.y + Pixels(top) + BorderOf(control)};
+}
+
+namespace {
+
+bool CanBeHit(const Control& control) {
+    const ControlKind kind = control.Kind();
+    return kind != ControlKind::Timer && kind != ControlKind::Line && kind != ControlKind::Shape &&
+           control.IsUsable();
+}
+
+bool Covers(const Control& control, const platform::ScreenPoint& point) {
+    const platform::ScreenPoint corner = Corner(control);
+    return point.x >= corner.x && point.x < corner.x + Pixels(control.Width()) && point.y >= corner.y &&
+           point.y < corner.y + Pixels(control.Height());
+}
+
+/// What stands in a frame lies on it; of neighbours the one that is first in tab order lies on top.
+bool LiesOn(const Control& control, const Control& other) {
+    if (&other == control.Container() || &control == other.Container())
+        return &other == control.Container();
+    return control.TabIndex() < other.TabIndex();
+}
+
+} // namespace
+
+Control* ControlAt(const Form& form, const platform::ScreenPoint& point) {
+    Control* top = nullptr;
+    for (Control* const control : form.AllControls())
+        if (CanBeHit(*control) && Covers(*control, point) && (!top || LiesOn(*control, *top)))
+            top = control;
+    return top;
 }
 
 platform::ScreenPoint Middle(const Control& control) {

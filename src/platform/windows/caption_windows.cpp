@@ -1,6 +1,8 @@
 #include "platform/windows/caption_windows.h"
 
 #include "platform/windows/colours.h"
+#include "platform/windows/fonts.h"
+#include "platform/windows/graphics.h"
 #include "platform/windows/pixels.h"
 #include "runtime/forms/form.h"
 
@@ -10,6 +12,10 @@ namespace {
 
 DWORD TypeOf(const CommandButton& button) {
     return button.LooksDefault() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+}
+
+DWORD WrapOf(const Label& label) {
+    return label.AutoSize() ? SS_LEFTNOWORDWRAP : SS_LEFT;
 }
 
 bool IsBox(const Control& control) {
@@ -34,7 +40,7 @@ void EndAt(const RECT& box, RECT& label) {
 } // namespace
 
 LabelWindow::LabelWindow(FormWindow& form, Label& label)
-    : ControlWindow(form, label, {L"STATIC", SS_NOTIFY}) {
+    : ControlWindow(form, label, {L"STATIC", SS_NOTIFY | WrapOf(label)}) {
     LabelWindow::ShowPlace();
 }
 
@@ -56,7 +62,14 @@ HBRUSH LabelWindow::Colours(HDC context, UINT question) const {
     if (!static_cast<const Label&>(Model()).Transparent())
         return own;
     ::SetBkMode(context, TRANSPARENT);
-    return BrushOf(Model().Parent().BackColor());
+    return BrushOf(ColourBehind(static_cast<const Label&>(Model())));
+}
+
+bool LabelWindow::MeasureCaption(Twips& width, Twips& height) const {
+    const SIZE extent = CaptionExtent(SystemFont(std::as_const(Model()).Font()), Model().Caption());
+    width = static_cast<Twips>(extent.cx) * TwipsPerPixelX();
+    height = static_cast<Twips>(extent.cy) * TwipsPerPixelY();
+    return true;
 }
 
 ButtonWindow::ButtonWindow(FormWindow& form, CommandButton& button)

@@ -11,6 +11,7 @@ class LabelWindow : public ControlWindow {
   public:
     LabelWindow(FormWindow& form, Label& label);
     HBRUSH Colours(HDC context, UINT question) const override;
+    bool MeasureCaption(Twips& width, Twips& height) const override;
 
   protected:
     void ShowPlace() override;

@@ -4,6 +4,8 @@
 #include "platform/windows/check_list_window.h"
 #include "platform/windows/container_windows.h"
 #include "platform/windows/edit_window.h"
+#include "platform/windows/graphics.h"
+#include "platform/windows/picture_window.h"
 #include "platform/windows/row_windows.h"
 #include "platform/windows/timer_peer.h"
 
@@ -37,11 +39,15 @@ std::unique_ptr<ControlPeer> MakeControlPeer(FormWindow& form, Control& control)
         return std::make_unique<FrameWindow>(form, control);
     case ControlKind::UserControl:
         return std::make_unique<UserControlWindow>(form, static_cast<UserControl&>(control));
+    case ControlKind::PictureBox:
+        return std::make_unique<PictureWindow>(form, static_cast<PictureBox&>(control));
+    case ControlKind::Line:
+    case ControlKind::Shape:
+        return std::make_unique<GraphicPeer>(form);
     case ControlKind::Timer:
         return std::make_unique<TimerPeer>(form, static_cast<kestrelmoor::Timer&>(control));
-    default:
-        return nullptr;
     }
+    return nullptr;
 }
 
 } // namespace kestrelmoor::platform

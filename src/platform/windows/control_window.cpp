@@ -69,6 +69,7 @@ ControlWindow::ControlWindow(FormWindow& form, Control& control, const WindowKin
     mOriginal = reinterpret_cast<WNDPROC>(
         ::SetWindowLongW(mWindow, GWL_WNDPROC, reinterpret_cast<LONG>(&ControlWindow::Procedure)));
     ControlWindow::ShowFont();
+    mForm.Tips().Set(mWindow, mControl.ToolTipText());
 }
 
 ControlWindow::~ControlWindow() {
@@ -119,9 +120,24 @@ LRESULT ControlWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
         Detach();
         return ::CallWindowProcW(original, going, message, wide, parameter);
     }
+    if (message == WM_SETCURSOR && LOWORD(parameter) == HTCLIENT && ShowPointer())
+        return TRUE;
     const HWND window = mWindow;
+    mForm.Tips().Hear(mWindow, message, wide, parameter);
     ReportMouse(message, wide, parameter);
     return Of(window) == this ? Original(message, wide, parameter) : 0;
+}
+
+// A form that is busy shows its own pointer everywhere.
+bool ControlWindow::ShowPointer() const {
+    if (mControl.MousePointer() != mouse_pointer::kCustom ||
+        mControl.Parent().MousePointer() != mouse_pointer::kDefault)
+        return false;
+    const SharedPicture& icon = mControl.MouseIcon();
+    ::SetCursor(
+        icon ? reinterpret_cast<HCURSOR>(icon->Handle())
+             : ::LoadCursorW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(mControl.DesignMouseIcon())));
+    return true;
 }
 
 void ControlWindow::ReportMouse(UINT message, WPARAM keys, LPARAM place) {
@@ -168,6 +184,8 @@ void ControlWindow::Show(Property what) {
         return ShowFont();
     case Property::Colours:
         return Repaint();
+    case Property::ToolTip:
+        return mForm.Tips().Set(mWindow, mControl.ToolTipText());
     default:
         return;
     }

@@ -81,6 +81,7 @@ class ControlWindow : public ControlPeer {
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept;
+    bool ShowPointer() const;
     void ReportMouse(UINT message, WPARAM keys, LPARAM place);
     void PutInTabOrder() const;
     void Detach();

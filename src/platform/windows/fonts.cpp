@@ -16,6 +16,7 @@ namespace {
 using FontKey = std::tuple<String, int, int, bool, bool, bool>;
 
 constexpr float kPointsPerInch = 72;
+constexpr int kOverhangShare = 6; ///< the last letter may lean out of its box by this part of the height
 
 int PixelHeight(const Font& font) {
     return static_cast<int>(
@@ -46,14 +47,36 @@ HFONT SystemFont(const Font& font) {
     return held.Get();
 }
 
-SIZE TextExtent(HFONT font, StringView text) {
+namespace {
+
+/// What `measure` tells of the screen with the font on it.
+template <class Measure>
+SIZE MeasuredIn(HFONT font, const Measure& measure) {
     const HDC screen = ::GetDC(nullptr);
     const HGDIOBJ before = ::SelectObject(screen, font);
-    SIZE extent{};
-    ::GetTextExtentPoint32W(screen, Wide(text.data()), static_cast<int>(text.size()), &extent);
+    const SIZE extent = measure(screen);
     ::SelectObject(screen, before);
     ::ReleaseDC(nullptr, screen);
     return extent;
+}
+
+} // namespace
+
+SIZE TextExtent(HFONT font, StringView text) {
+    return MeasuredIn(font, [&](HDC screen) {
+        SIZE extent{};
+        ::GetTextExtentPoint32W(screen, Wide(text.data()), static_cast<int>(text.size()), &extent);
+        return extent;
+    });
+}
+
+SIZE CaptionExtent(HFONT font, StringView caption) {
+    return MeasuredIn(font, [&](HDC screen) {
+        RECT place{};
+        const int line =
+            ::DrawTextW(screen, Wide(caption.data()), static_cast<int>(caption.size()), &place, DT_CALCRECT);
+        return SIZE{place.right + (place.right > 0 ? line / kOverhangShare : 0), place.bottom};
+    });
 }
 
 } // namespace kestrelmoor::platform

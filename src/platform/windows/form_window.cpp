@@ -65,6 +65,7 @@ FormWindow::FormWindow(Form& form) : mForm(form) {
                                     ::GetModuleHandleW(nullptr), nullptr));
     if (!mWindow)
         RaiseError(error_number::kOutOfMemory);
+    mTips = ToolTips(Handle());
     ::SetWindowLongW(Handle(), GWL_USERDATA, reinterpret_cast<LONG>(this));
     AddFormWindow(*this);
     ShowSize();

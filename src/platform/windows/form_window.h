@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/windows/gui_handles.h"
+#include "platform/windows/tool_tips.h"
 #include "runtime/forms/peer.h"
 
 #include <windows.h>
@@ -42,6 +43,8 @@ class FormWindow : public FormPeer {
     /// After a control has come, gone or moved: labels end where boxes begin.
     void PlaceLabels() const;
 
+    ToolTips& Tips() { return mTips; }
+
     /// The keyboard goes to that window of the form, now or when the form next comes to front. No report.
     void GiveFocus(HWND window);
 
@@ -68,6 +71,7 @@ class FormWindow : public FormPeer {
 
     Form& mForm;
     OwnedWindow mWindow;
+    ToolTips mTips;
     bool mPlaced = false;
     bool mGivingFocus = false;
     bool mFocusChanged = false;

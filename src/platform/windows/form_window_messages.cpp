@@ -1,6 +1,7 @@
 #include "platform/windows/colours.h"
 #include "platform/windows/control_window.h"
 #include "platform/windows/form_window.h"
+#include "platform/windows/graphics.h"
 #include "runtime/forms/application.h"
 
 namespace kestrelmoor::platform {
@@ -102,6 +103,7 @@ bool FormWindow::FillBackground(HDC context) const {
     RECT client{};
     ::GetClientRect(Handle(), &client);
     ::FillRect(context, &client, BrushOf(mForm.BackColor()));
+    DrawGraphics(context, mForm);
     return true;
 }
 

@@ -2,10 +2,12 @@
 
 # A library of its own, since the resource compiler understands none of the house's options.
 set(resources ${CMAKE_SOURCE_DIR}/resources)
+set(version_header ${CMAKE_CURRENT_BINARY_DIR}/resources/version.h)
+configure_file(${resources}/version.h.in ${version_header} @ONLY)
 add_library(moorlink_resources OBJECT ${resources}/Moorlink.rc)
-target_include_directories(moorlink_resources PRIVATE ${resources})
+target_include_directories(moorlink_resources PRIVATE ${resources} ${CMAKE_CURRENT_BINARY_DIR}/resources)
 set_source_files_properties(${resources}/Moorlink.rc PROPERTIES
-  OBJECT_DEPENDS "${resources}/Moorlink.manifest;${resources}/Moorlink.ico")
+  OBJECT_DEPENDS "${resources}/Moorlink.manifest;${resources}/Moorlink.ico;${resources}/hand.cur;${version_header}")
 
 add_executable(Moorlink WIN32 entry.cpp standard_library.cpp)
 target_link_libraries(Moorlink PRIVATE kestrelmoor_logic moorlink_resources)

@@ -10,12 +10,19 @@ namespace kestrelmoor {
 Control::Control(Form& form, const ControlDesign& design)
     : mForm(form), mName(design.name), mKind(design.kind), mTabIndex(design.tab_index), mPlace(design.place),
       mVisible(design.visible), mEnabled(design.enabled), mTag(design.tag), mForeColor(design.fore_colour),
-      mBackColor(design.back_colour) {
+      mBackColor(design.back_colour), mToolTipText(design.tool_tip), mMousePointer(design.pointer),
+      mDesignMouseIcon(design.mouse_icon) {
     if (design.container != nullptr)
         mContainer = &form.Find(design.container);
     if (HasCaption())
         mCaption = design.text;
-    mFont.FontChanged = [this] { Show(Property::Font); };
+    mFont.SetSize(design.font_size);
+    mFont.SetBold(design.bold);
+    mFont.SetItalic(design.italic);
+    mFont.FontChanged = [this] {
+        Show(Property::Font);
+        Reworded();
+    };
 }
 
 Control::~Control() = default;
@@ -56,6 +63,12 @@ void Control::SetVisible(bool on) {
     mForm.LeaveIfUnable();
 }
 
+Place Control::Bounds() const {
+    if (mKind == ControlKind::Timer || mKind == ControlKind::Line)
+        RaiseError(error_number::kNoSuchMember);
+    return mPlace;
+}
+
 bool Control::HasEnabled() const {
     return mKind != ControlKind::Line && mKind != ControlKind::Shape;
 }
@@ -80,11 +93,17 @@ void Control::SetCaption(const String& caption) {
         RaiseError(error_number::kNoSuchMember);
     mCaption = caption;
     Show(Property::Caption);
+    Reworded();
 }
 
 void Control::SetToolTipText(const String& text) {
     mToolTipText = text;
     Show(Property::ToolTip);
+}
+
+void Control::SetMouseIcon(SharedPicture icon) {
+    mMouseIcon = std::move(icon);
+    Show(Property::MousePointer);
 }
 
 bool Control::HasFont() const {

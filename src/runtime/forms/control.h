@@ -3,6 +3,7 @@
 #include "runtime/forms/design.h"
 #include "runtime/forms/font.h"
 #include "runtime/forms/peer.h"
+#include "runtime/forms/picture.h"
 
 #include <functional>
 #include <memory>
@@ -45,6 +46,9 @@ class Control {
     bool Visible() const { return mVisible; }
     void SetVisible(bool on);
 
+    /// All four at once. Raises 438 for lines, which run from point to point, and for timers.
+    Place Bounds() const;
+
     /// All but lines and shapes; setting it on one of these raises 438.
     bool HasEnabled() const;
     bool Enabled() const { return mEnabled; }
@@ -64,6 +68,13 @@ class Control {
 
     const String& ToolTipText() const { return mToolTipText; }
     void SetToolTipText(const String& text);
+
+    /// The pointer that the mouse has over the control; a number of mouse_pointer. kCustom: `MouseIcon`, or
+    /// while there is none the program's own pointer of the number `DesignMouseIcon`.
+    int MousePointer() const { return mMousePointer; }
+    int DesignMouseIcon() const { return mDesignMouseIcon; }
+    const SharedPicture& MouseIcon() const { return mMouseIcon; }
+    void SetMouseIcon(SharedPicture icon);
 
     bool HasFont() const; ///< all but timers, lines and shapes
     class Font& Font() {
@@ -119,6 +130,9 @@ class Control {
     /// The control that takes the focus when this one is to have it; null: none can.
     virtual Control* FocusTarget();
 
+    /// Its caption or font has changed.
+    virtual void Reworded() {}
+
     /// It stands elsewhere now; it was of the size of `before`.
     virtual void Moved(const Place& /*before*/) {}
 
@@ -137,10 +151,13 @@ class Control {
     bool mTabStop = true;
     String mTag;
     String mCaption;
-    String mToolTipText;
     class Font mFont;
     Colour mForeColor;
     Colour mBackColor;
+    String mToolTipText;
+    int mMousePointer;
+    int mDesignMouseIcon;
+    SharedPicture mMouseIcon;
     std::unique_ptr<ControlPeer> mPeer;
 };
 

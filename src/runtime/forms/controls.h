@@ -7,7 +7,8 @@
 
 namespace kestrelmoor {
 
-/// A label. Its accelerator leads to the next control in tab order.
+/// A label. Its accelerator leads to the next control in tab order. One that is sized by itself is as large
+/// as its caption whenever its caption or font changes while a window shows it.
 class Label : public Control {
   public:
     Label(Form& form, const ControlDesign& design);
@@ -16,6 +17,9 @@ class Label : public Control {
     int LinkTimeout() const { return mLinkTimeout; }
     bool AutoSize() const { return mAutoSize; }
     bool Transparent() const { return mTransparent; }
+
+  protected:
+    void Reworded() override;
 
   private:
     int mLinkTimeout;
@@ -211,21 +215,30 @@ class Timer : public Control {
     int mInterval;
 };
 
-/// A surface that its form paints at each request.
+/// A surface that its form paints at each request. It holds no picture of its own.
 class PictureBox : public Control {
   public:
     using Control::Control;
 
     void PaintRequested();
 
+    /// Fills it with its background. Nothing outside `Paint`.
+    void Clear();
+
+    /// What `Paint` draws into, a handle of the platform; 0 outside of it.
+    std::uintptr_t DeviceContext() const;
+
     Handler<> Paint;
 };
 
+/// Runs from the corner of its place to the opposite one, in its foreground colour. It has no window: the
+/// form draws it behind all that have one.
 class Line : public Control {
   public:
     using Control::Control;
 };
 
+/// A rectangle filled with its background colour. It has no window, as a line has none.
 class Shape : public Control {
   public:
     using Control::Control;

@@ -29,6 +29,12 @@ enum class ControlKind {
 /// Makes a control of a class of its own; see MakeControl in control.h.
 using ControlMaker = std::unique_ptr<Control> (*)(Form& form, const ControlDesign& design);
 
+namespace mouse_pointer {
+inline constexpr int kDefault = 0;
+inline constexpr int kHourglass = 11;
+inline constexpr int kCustom = 99; ///< the control's own
+} // namespace mouse_pointer
+
 enum class ListStyle { Plain, CheckBoxes };
 
 enum class ScrollBars { None, Vertical };
@@ -61,8 +67,14 @@ struct ControlDesign {
     bool auto_size = false;      ///< labels: as large as the text
     bool transparent = false;    ///< labels: what lies behind shows through
     ControlMaker make = nullptr; ///< user controls: makes the one; null: the kind says which class
-    Colour fore_colour = system_colour::kButtonText;
-    Colour back_colour = system_colour::kButtonFace;
+    const char16_t* tool_tip = u"";
+    int pointer = mouse_pointer::kDefault; ///< the mouse's, over the control
+    int mouse_icon = 0;      ///< number of the program's own mouse pointer that kCustom shows; 0: none
+    float font_size = 8.25F; ///< points
+    bool bold = false;
+    bool italic = false;
+    Colour fore_colour = system_colour::kButtonText; ///< lines: the line's
+    Colour back_colour = system_colour::kButtonFace; ///< shapes: what fills them
 };
 
 /// A form as designed: a fixed dialog without minimise and maximise boxes.

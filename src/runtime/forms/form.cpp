@@ -10,6 +10,8 @@ namespace kestrelmoor {
 
 namespace {
 
+constexpr Twips kTwipsPerPixel = 15; ///< where there is no desktop
+
 bool IsInTabOrder(const Control& control) {
     return control.TabIndex() >= 0 && control.Kind() != ControlKind::UserControl;
 }
@@ -100,6 +102,16 @@ Twips Form::Width() const {
 
 Twips Form::Height() const {
     return mClientHeight + (mPeer ? mPeer->FrameHeight() : 0);
+}
+
+float Form::PixelsX(Twips length) const {
+    const Desktop* const desktop = Application::Current().CurrentDesktop();
+    return length / (desktop ? desktop->TwipsPerPixelX() : kTwipsPerPixel);
+}
+
+float Form::PixelsY(Twips length) const {
+    const Desktop* const desktop = Application::Current().CurrentDesktop();
+    return length / (desktop ? desktop->TwipsPerPixelY() : kTwipsPerPixel);
 }
 
 void Form::SetHeight(Twips outer_height) {

@@ -7,11 +7,6 @@
 
 namespace kestrelmoor {
 
-namespace mouse_pointer {
-inline constexpr int kDefault = 0;
-inline constexpr int kHourglass = 11;
-} // namespace mouse_pointer
-
 /// Key codes that the model routes by itself.
 namespace key {
 inline constexpr int kBack = 8;
@@ -69,6 +64,10 @@ class Form : public std::enable_shared_from_this<Form> {
     Twips Height() const;
     void SetHeight(Twips outer_height);
 
+    /// A length on the form in pixels, unrounded.
+    float PixelsX(Twips length) const;
+    float PixelsY(Twips length) const;
+
     /// All controls in the order of the design. A user control is one, whatever it is made of.
     const std::vector<std::unique_ptr<Control>>& Controls() const { return mControls; }
 
@@ -94,8 +93,9 @@ class Form : public std::enable_shared_from_this<Form> {
 
     /// Runs Form_Load once, with the window made and hidden. A form whose Form_Load raises is taken away.
     void Load();
-    /// Loads if need be and shows. Modal: returns when the form has been unloaded; the owner can't be used
-    /// meanwhile. The first control in tab order takes the focus unless one has it.
+    /// Loads if need be and shows. Modal: returns when the form has been unloaded; the owner, which is the
+    /// form in front where none is named, can't be used meanwhile. The first control in tab order takes the
+    /// focus unless one has it.
     void Show(bool modal = false, Form* owner = nullptr);
     /// Runs Form_Unload and takes the window away: the form has no peers afterwards.
     void Unload();

@@ -47,7 +47,9 @@ void Form::TellHidden(const Control* gone) {
 }
 
 void Form::Show(bool modal, Form* owner) {
-    if (owner != nullptr)
+    if (modal && owner == nullptr)
+        owner = Application::Current().ActiveForm();
+    if (owner != nullptr && owner != this)
         mOwner = owner->weak_from_this();
     Load();
     if (!IsLoaded())

@@ -66,6 +66,13 @@ class ControlPeer {
     virtual void TakeFocus() = 0;
 
     virtual WindowHandle Window() const = 0;
+
+    /// Labels: the size that the whole caption takes in the control's font. False where nothing shows it.
+    virtual bool MeasureCaption(Twips& /*width*/, Twips& /*height*/) const { return false; }
+
+    /// Picture boxes, while they are asked to paint: fills it with the background; what is drawn into.
+    virtual void Clear() {}
+    virtual std::uintptr_t DeviceContext() const { return 0; }
 };
 
 /// Shows one form and makes the peers of its controls.

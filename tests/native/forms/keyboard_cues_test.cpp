@@ -25,14 +25,18 @@ class KeyboardCues : public ProgramTest {
 } // namespace
 
 TEST_F(KeyboardCues, TheShowingPassMarksLabelsAndRepaintsButtonsAndCheckBoxes) {
-    ShowCues(*form);
+    bool shown = false;
+    ShowCues(*form, shown);
+    EXPECT_TRUE(shown);
     EXPECT_EQ(desktop.Take(), (Lines{"lblText Caption", "chkMark Caption", "cmdOK Caption"}));
     EXPECT_EQ(form->lblText.Caption(), u"&Name:");
     EXPECT_EQ(CallsOf({"SendUpdateUiState"}), Lines{"SendUpdateUiState(\"42\", \"196610\")"});
 }
 
 TEST_F(KeyboardCues, TheHidingPassRepaintsFramesToo) {
-    HideCues(*form);
+    bool shown = true;
+    HideCues(*form, shown);
+    EXPECT_FALSE(shown);
     EXPECT_EQ(desktop.Take(),
               (Lines{"lblText Caption", "fraGroup Caption", "chkMark Caption", "cmdOK Caption"}));
     EXPECT_EQ(form->lblText.Caption(), u"Name:");
@@ -40,11 +44,34 @@ TEST_F(KeyboardCues, TheHidingPassRepaintsFramesToo) {
 }
 
 TEST_F(KeyboardCues, APassLeavesTheOtherCaptionsAsTheyAre) {
-    ShowCues(*form);
-    HideCues(*form);
+    bool shown = false;
+    ShowCues(*form, shown);
+    HideCues(*form, shown);
     EXPECT_EQ(form->cmdOK.Caption(), u"OK");
     EXPECT_EQ(form->fraGroup.Caption(), u"Group");
     EXPECT_EQ(form->txtText.Text(), u"abc");
+}
+
+TEST_F(KeyboardCues, APassThatWouldChangeNothingIsNotRun) {
+    bool shown = true;
+    ShowCues(*form, shown);
+    EXPECT_TRUE(shown);
+    shown = false;
+    HideCues(*form, shown);
+    EXPECT_FALSE(shown);
+    EXPECT_EQ(desktop.Take(), Lines{});
+    EXPECT_EQ(CallsOf({"SendUpdateUiState"}), Lines{});
+}
+
+TEST_F(KeyboardCues, LabelsMayKeepTheirCaptions) {
+    form->lblText.SetCaption(u"own");
+    desktop.Take();
+    bool shown = false;
+    ShowCues(*form, shown, CueLabels::kKeepCaptions);
+    HideCues(*form, shown, CueLabels::kKeepCaptions);
+    EXPECT_EQ(desktop.Take(), (Lines{"chkMark Caption", "cmdOK Caption", "fraGroup Caption",
+                                     "chkMark Caption", "cmdOK Caption"}));
+    EXPECT_EQ(form->lblText.Caption(), u"own");
 }
 
 TEST_F(KeyboardCues, ACaptionWithoutAMarkIsTheTagUnchanged) {

@@ -125,6 +125,17 @@ TEST_F(PasswordLife, F1IsSwallowedAndAnotherKeyIsNot) {
     EXPECT_TRUE(form->IsLoaded());
 }
 
+TEST_F(PasswordLife, F1OpensTheHelpFileForItsWindowWhereThereIsOne) {
+    Open();
+    user.Press(key::kF1);
+    EXPECT_TRUE(world.shell_executions.empty());
+    gHelpFile = u"C:\\help.html";
+    user.Press(key::kF1);
+    ASSERT_EQ(world.shell_executions.size(), 1U);
+    EXPECT_EQ(world.shell_executions[0].file, u"C:\\help.html");
+    EXPECT_EQ(world.shell_executions[0].window, form->Window());
+}
+
 TEST_F(PasswordLife, CancelEscapeAndTheCloseBoxCloseAtOnceAndAskNothing) {
     ConfigureAll();
     for (const int way : {0, 1, 2}) {

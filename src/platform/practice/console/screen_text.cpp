@@ -1,5 +1,7 @@
 #include "platform/practice/console/screen_text.h"
 
+#include "platform/practice/surfaces.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -75,6 +77,14 @@ std::string Shown(const RowControl& list) {
     return lines;
 }
 
+std::string Shown(const PictureBox& box) {
+    std::string icons;
+    for (const DrawnIcon& icon : Surfaces::Current().On(box))
+        icons +=
+            "(icon " + std::to_string(icon.image.width) + " x " + std::to_string(icon.image.height) + ")";
+    return icons;
+}
+
 std::string Content(const Control& control) {
     if (const auto* const box = dynamic_cast<const TextBox*>(&control))
         return Shown(*box);
@@ -84,6 +94,8 @@ std::string Content(const Control& control) {
         return (check->Value() != 0 ? "[x] " : "[ ] ") + WithoutMark(check->Caption());
     if (control.Kind() == ControlKind::CommandButton)
         return "[" + WithoutMark(control.Caption()) + "]";
+    if (const auto* const box = dynamic_cast<const PictureBox*>(&control))
+        return Shown(*box);
     return control.HasCaption() ? WithoutMark(control.Caption()) : "";
 }
 
@@ -93,6 +105,7 @@ std::string Marks(const Control& control) {
         marks += applies ? std::string(" (") + word + ")" : "";
     };
     add(!AllTheWay<&Control::Enabled>(control), "disabled");
+    add(control.Font().Underline(), "underlined");
     if (const auto* const button = dynamic_cast<const CommandButton*>(&control)) {
         add(button->Default(), "default");
         add(button->Cancel(), "cancel");

@@ -38,6 +38,20 @@ class Boxes {
     std::deque<int> mAnswers;
 };
 
+/// Where the mouse is on the screen, in pixels.
+struct MousePlace {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+/// Something that the shell was asked to open.
+struct ShellExecution {
+    std::uintptr_t window = 0;
+    String operation;
+    String file;
+    int show = 0;
+};
+
 /// What the person at the screen is about to do.
 class Actions {
   public:

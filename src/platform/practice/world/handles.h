@@ -21,6 +21,7 @@ enum class HandleKind {
     FileSearch,
     Theme,
     Icon,
+    Picture,
     Hook,
     DirectoryObject,
 };

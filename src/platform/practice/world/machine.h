@@ -19,6 +19,20 @@ struct SystemVersion {
     bool operator==(const SystemVersion&) const = default;
 };
 
+/// What the executable's version record says. A new world's is the program's own as it was built, with a
+/// legal notice of its own.
+struct OwnVersion {
+    OwnVersion();
+
+    String title;
+    String legal_notice;
+    std::uint16_t major;
+    std::uint16_t minor;
+    std::uint16_t revision;
+
+    bool operator==(const OwnVersion&) const = default;
+};
+
 /// The local computer as the program's process sees it.
 struct Machine {
     SystemVersion version;
@@ -26,6 +40,7 @@ struct Machine {
     std::uint32_t thread_locale = 1033;
     bool keyboard_cues = false;
     Appearance appearance;
+    OwnVersion own_version;
     String program_folder = u"C:\\Program Files\\Kestrelmoor";
     String program_name = u"Moorlink";     ///< without ".exe"
     String command_line;                   ///< the arguments alone

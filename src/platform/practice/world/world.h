@@ -43,7 +43,9 @@ class World {
     Boxes boxes;
     BrowseDesk browser;
     Actions actions;
-    std::array<std::uint8_t, 256> key_states{};     ///< high bit: held; lowest bit: toggled
+    std::array<std::uint8_t, 256> key_states{}; ///< high bit: held; lowest bit: toggled
+    MousePlace mouse;
+    std::vector<ShellExecution> shell_executions;   ///< those that were opened
     std::vector<std::string> mutexes;               ///< names of those that were created
     std::vector<std::uint32_t> session_ends;        ///< flags of each request to end the session
     std::function<void(const Box&)> ended_by_error; ///< told ahead of an end by an error

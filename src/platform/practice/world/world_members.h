@@ -170,6 +170,15 @@ void Members(Archive& archive, Record& shell) {
     archive.Required("network", shell.network);
 }
 
+template <class Archive, Is<OwnVersion> Record>
+void Members(Archive& archive, Record& version) {
+    archive.Required("title", version.title);
+    archive.Required("legal_notice", version.legal_notice);
+    archive.Required("major", version.major);
+    archive.Required("minor", version.minor);
+    archive.Required("revision", version.revision);
+}
+
 template <class Archive, Is<Machine> Record>
 void Members(Archive& archive, Record& machine) {
     const Machine standard;
@@ -178,6 +187,7 @@ void Members(Archive& archive, Record& machine) {
     archive.Optional("thread_locale", machine.thread_locale, standard.thread_locale);
     archive.Optional("keyboard_cues", machine.keyboard_cues);
     archive.Optional("appearance", machine.appearance);
+    archive.Optional("own_version", machine.own_version);
     archive.Optional("program_folder", machine.program_folder, standard.program_folder);
     archive.Optional("program_name", machine.program_name, standard.program_name);
     archive.Optional("command_line", machine.command_line);
