@@ -5,7 +5,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-./build.sh
+./build.sh native program
 cmake --build --preset windows --target driver stand_in_netapi32 stand_in_netmsg
 tools/install_packages.sh debootstrap xvfb xdotool imagemagick util-linux || true
 exec /usr/bin/python3 tools/demo.py "$@"

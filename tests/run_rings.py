@@ -73,6 +73,7 @@ def python_tests(folder):
 
 SUITES = {
     "native": [google_tests, python_tests("tests/languages"), python_tests("tests/help"),
+               python_tests("tests/installer"),
                python_tests("tests/lint")],
     "desktop": [runner("bash", "tests/desktop/run.sh")],
     "interop": [runner("bash", "tests/interop/run.sh")],
