@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/windows/last_error_kept.h"
+#include "platform/windows/program_path.h"
 #include "platform/windows/wide_text.h"
 #include "runtime/errors.h"
 
@@ -32,18 +33,6 @@ HANDLE Handle(const OwnedAppendFile& file) {
 void Take(const WIN32_FIND_DATAW& data, FoundFile& found) {
     found.name = FromWide(data.cFileName);
     found.attributes = data.dwFileAttributes;
-}
-
-String ProgramPath() {
-    String path(MAX_PATH, u'\0');
-    for (;;) {
-        const DWORD length = ::GetModuleFileNameW(nullptr, WideBuffer(path), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/version_record.h"
 
 #include "platform/windows/bound_library.h"
+#include "platform/windows/program_path.h"
 #include "platform/windows/wide_text.h"
 
 #include <windows.h>
@@ -48,9 +49,7 @@ String TextOf(const std::vector<std::uint8_t>& record, StringView name) {
 } // namespace
 
 VersionRecord ReadVersionRecord() {
-    wchar_t path[MAX_PATH]{};
-    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::vector<std::uint8_t> record = RecordOf(path);
+    const std::vector<std::uint8_t> record = RecordOf(Wide(ProgramPath()));
     VersionRecord own{TextOf(record, u"ProductName"), TextOf(record, u"LegalCopyright")};
     if (const auto* const fixed = static_cast<const VS_FIXEDFILEINFO*>(Find(record, u"\\"))) {
         own.major = HIWORD(fixed->dwFileVersionMS);

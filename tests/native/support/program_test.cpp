@@ -11,8 +11,6 @@
 
 namespace kestrelmoor::tests {
 
-namespace {
-
 void ResetProgramState() {
     gWinVersion = 0;
     gLogging = gForceWindow = gShowUsage = false;
@@ -35,8 +33,6 @@ void ResetProgramState() {
     gPassFormCount = 0;
     gMsgBoxHook = 0;
 }
-
-} // namespace
 
 void PrintTo(const ShownBox& box, std::ostream* stream) {
     *stream << "box " << box.style << " \"" << box.title << "\": " << box.text;

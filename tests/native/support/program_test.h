@@ -14,6 +14,9 @@ namespace kestrelmoor::tests {
 
 using Lines = std::vector<std::string>;
 
+/// The program's state as at its start.
+void ResetProgramState();
+
 /// A message box, as its text, style and title.
 struct ShownBox {
     std::string text;

@@ -1,0 +1,221 @@
+#include "tests/native/faults/observer.h"
+
+#include "platform/practice/windows.h"
+#include "runtime/forms/application.h"
+
+#include <cstdio>
+#include <regex>
+#include <sstream>
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+using practice::World;
+
+/// On one line, with each run of blanks as one.
+std::string OnOneLine(const std::string& text) {
+    std::string line;
+    for (const char c : text) {
+        const std::string part = c == '\n' ? " /" : c == '\r' || c == '\t' ? "" : std::string(1, c);
+        for (const char unit : part + (c == '\n' ? " " : ""))
+            if (unit != ' ' || (!line.empty() && line.back() != ' '))
+                line.push_back(unit);
+    }
+    while (!line.empty() && line.back() == ' ')
+        line.pop_back();
+    return line;
+}
+
+std::string Hex(std::uint32_t number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%06X", number);
+    return text;
+}
+
+bool TakePrefix(std::string& line, const std::string& prefix) {
+    if (!line.starts_with(prefix))
+        return false;
+    line.erase(0, prefix.size());
+    return true;
+}
+
+std::string DataText(const practice::RegistryValue& value) {
+    std::string text;
+    if (value.type == 1)
+        for (std::size_t i = 0; i + 3 < value.data.size(); i += 2)
+            text.push_back(static_cast<char>(value.data[i]));
+    else
+        for (auto byte = value.data.rbegin(); byte != value.data.rend(); ++byte)
+            text += Hex(*byte).substr(4);
+    return text;
+}
+
+/// Of everybody who answers for passwords: the name and the accounts.
+template <class Told>
+void ForEachStore(const World& world, Told told) {
+    for (const practice::Computer& computer : world.network.computers)
+        told(computer.name, computer.store);
+    for (const practice::Domain& domain : world.network.domains)
+        told(domain.name, domain.store);
+}
+
+std::string IconText(const Form& form, std::uint32_t size) {
+    const auto icon = practice::Windows::Current().Icon(form.Window(), size);
+    return icon ? std::to_string(icon->width) + " " + std::to_string(icon->height) : "none";
+}
+
+} // namespace
+
+Observer::Observer(World& world, const std::vector<std::string>& script)
+    : mWorld(world), mScript(script),
+      mConsole(
+          world, [this] { return NextLine(); }, [this](const std::string& text) { Print(text); }, true) {
+    world.boxes.Shown = [this](const practice::Box& box) {
+        mLines.push_back(OnOneLine("box " + std::to_string(box.style) + " " + ToUtf8(box.title) + ": " +
+                                   ToUtf8(box.text)));
+    };
+    world.browser.Shown = [this](const practice::BrowseDialog& dialog) {
+        mLines.push_back(OnOneLine("browse: " + ToUtf8(dialog.Prompt())));
+    };
+}
+
+std::optional<std::string> Observer::NextLine() {
+    while (mNext < mScript.size()) {
+        const std::string& line = mScript[mNext++];
+        if (line == "look") {
+            if (!Look())
+                return std::nullopt;
+        } else if (line.starts_with("pick ")) {
+            if (!Pick(static_cast<std::size_t>(std::stoi(line.substr(5)))))
+                return std::nullopt;
+            return "# the dialog is closed";
+        } else {
+            return line;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Observer::Refuse(const std::string& what) {
+    mLines.push_back("refused: " + what);
+    mNext = mScript.size();
+    return false;
+}
+
+bool Observer::Look() {
+    Form* const form = Application::Current().ActiveForm();
+    if (!form)
+        return Refuse("no window is open");
+    mLines.push_back("look form " + Hex(form->BackColor()) + " " + Hex(form->ForeColor()));
+    if (const Control* const focus = form->FocusHolder())
+        mLines.push_back("look focus " + Hex(focus->BackColor()) + " " + Hex(focus->ForeColor()));
+    for (const std::uint32_t size : {0U, 1U})
+        mLines.push_back("look icon " + std::to_string(size) + " " + IconText(*form, size));
+    const auto& box = form->Get<TextBox>(u"txtNewPass");
+    mLines.push_back("look mask " + ToUtf8(box.PasswordChar()));
+    const auto& label = form->Get<Label>(u"lblNewPass");
+    mLines.push_back(label.Caption() == label.Tag() ? "look cues shown" : "look cues hidden");
+    return true;
+}
+
+bool Observer::Pick(std::size_t row) {
+    practice::BrowseDialog* const dialog = mWorld.browser.Current();
+    if (!dialog)
+        return Refuse("no dialog is open");
+    dialog->Select(dialog->Rows().at(row));
+    mLines.push_back(OnOneLine("prompt: " + ToUtf8(dialog->Prompt())));
+    return dialog->PressOk() || Refuse("OK is disabled for this row");
+}
+
+void Observer::Print(const std::string& text) {
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        PrintLine(OnOneLine(line));
+}
+
+void Observer::PrintLine(std::string line) {
+    static const std::regex kRefused(R"(^line \d+: )");
+    static const std::regex kRow(R"(^(\* )?(\[.\] )?\d+: ?)");
+    static const std::regex kLength(R"(list of \d+)");
+    if (PrintResult(line))
+        return;
+    if (line.starts_with("line "))
+        line = std::regex_replace(line, kRefused, "refused: ");
+    else if (line.find_first_of("*[0123456789") == 0)
+        line = OnOneLine(std::regex_replace(line, kRow, "row $2"));
+    else if (line.find("list of ") != std::string::npos)
+        line = std::regex_replace(line, kLength, "list");
+    if (!line.empty())
+        mLines.push_back(line);
+}
+
+bool Observer::PrintResult(std::string line) {
+    static const std::regex kEnd(R"("( \(disabled\))? \(locked\)$)");
+    if (TakePrefix(line, "txtStatus \"") || TakePrefix(line, "> txtStatus \"")) {
+        mInResults = true;
+        mLines.emplace_back("txtStatus");
+    }
+    if (!mInResults)
+        return false;
+    mInResults = !std::regex_search(line, kEnd);
+    line = OnOneLine("status: " + std::regex_replace(line, kEnd, ""));
+    if (line != "status:")
+        mLines.push_back(line);
+    return true;
+}
+
+void Observer::TellEnd(const RuntimeError& error) {
+    mLines.push_back(
+        OnOneLine("error " + std::to_string(error.number()) + ": " + ToUtf8(error.description())));
+}
+
+void Observer::TellChanges(const World& start, std::vector<std::string>& log) {
+    for (const std::string& name : mWorld.mutexes)
+        mLines.push_back("mutex " + name);
+    for (std::size_t i = 0; i < mWorld.session_ends.size(); ++i)
+        mLines.emplace_back("session ends");
+    TellPasswords(start);
+    TellRegistry(start);
+    TellFiles(start, log);
+}
+
+void Observer::TellPasswords(const World& start) {
+    std::vector<String> former;
+    ForEachStore(start, [&](const String&, const practice::AccountStore& store) {
+        for (const practice::Account& account : store.accounts)
+            former.push_back(account.password);
+    });
+    auto before = former.begin();
+    ForEachStore(mWorld, [&](const String& name, const practice::AccountStore& store) {
+        for (const practice::Account& account : store.accounts)
+            if (*before++ != account.password)
+                mLines.push_back("password " + ToUtf8(name) + " = " + ToUtf8(account.password));
+    });
+}
+
+void Observer::TellRegistry(const World& start) {
+    for (const auto& [folded, key] : mWorld.registry.Keys())
+        for (const practice::RegistryValue& value : key.values) {
+            const practice::RegistryValue* const former = start.registry.FindValue(key.path, value.name);
+            if (!former || *former != value)
+                mLines.push_back("registry " + ToUtf8(value.name) + " = " + DataText(value));
+        }
+    for (const auto& [folded, key] : start.registry.Keys())
+        for (const practice::RegistryValue& value : key.values)
+            if (!mWorld.registry.FindValue(key.path, value.name))
+                mLines.push_back("registry " + ToUtf8(value.name) + " gone");
+}
+
+void Observer::TellFiles(const World& start, std::vector<std::string>& log) {
+    for (const auto& [folded, file] : mWorld.files.Files()) {
+        if (start.files.Find(file.path))
+            continue;
+        mLines.push_back("file " + ToUtf8(file.path));
+        std::istringstream stream(file.content);
+        for (std::string line; std::getline(stream, line);)
+            log.push_back(OnOneLine(line));
+    }
+}
+
+} // namespace kestrelmoor::tests

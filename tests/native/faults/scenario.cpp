@@ -1,0 +1,130 @@
+#include "tests/native/faults/scenario.h"
+
+#include "platform/form_peer.h"
+#include "platform/modules.h"
+#include "platform/practice/console/console.h"
+#include "platform/practice/world/host_file.h"
+#include "platform/practice/world/world_file.h"
+#include "runtime/errors.h"
+#include "runtime/forms/application.h"
+#include "shell/Main.h"
+#include "shell/log.h"
+#include "shell/program_state.h"
+#include "tests/native/faults/observer.h"
+#include "tests/native/support/program_test.h"
+
+#include <nlohmann/json.hpp>
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+using nlohmann::json;
+using practice::World;
+
+std::shared_ptr<const World> PatchedWorld(const json& patches, const std::vector<std::string>& names) {
+    json text = json::parse(practice::StockWorldText());
+    for (const std::string& name : names)
+        text = text.patch(patches.at(name));
+    auto world = std::make_shared<World>();
+    practice::ReadWorld(*world, text.dump(), "the world of a scenario");
+    return world;
+}
+
+Scenario ReadScenario(const json& row, const json& patches) {
+    Scenario scenario;
+    scenario.name = row.at("name");
+    scenario.arguments = row.value("arguments", "");
+    for (const std::string answer : row.value("answers", json::array()))
+        scenario.answers.push_back(answer == "yes" ? 6 : 7);
+    scenario.script = row.value("script", std::vector<std::string>());
+    scenario.pairs = row.value("pairs", std::vector<std::string>());
+    scenario.modules_left = row.value("modules_left", std::size_t{0});
+    scenario.start = PatchedWorld(patches, row.value("world", std::vector<std::string>()));
+    return scenario;
+}
+
+std::vector<Scenario> ReadScenarios() {
+    const json file = json::parse(practice::ReadHostFile(FAULTS_FOLDER "/scenarios.json"));
+    std::vector<Scenario> scenarios;
+    for (const json& row : file.at("scenarios"))
+        scenarios.push_back(ReadScenario(row, file.at("worlds")));
+    return scenarios;
+}
+
+/// Reading a world takes longer than a run does.
+void PutBack(World& world, const World& start) {
+    world.clock = start.clock;
+    world.pump_milliseconds = start.pump_milliseconds;
+    world.network = start.network;
+    world.registry = start.registry;
+    world.files = start.files;
+    world.libraries = start.libraries;
+    world.machine = start.machine;
+    world.shell = start.shell;
+    world.calls = {};
+    world.handles = {};
+    world.boxes = {};
+    world.browser = {};
+    world.actions = {};
+    world.key_states = {};
+    world.mutexes.clear();
+    world.session_ends.clear();
+}
+
+void Prepare(World& world, const Scenario& scenario, const std::vector<practice::Fault>& faults) {
+    PutBack(world, *scenario.start);
+    world.machine.command_line = FromUtf8(scenario.arguments);
+    for (const int answer : scenario.answers)
+        world.boxes.Answer(answer);
+    for (const practice::Fault& fault : faults)
+        world.Fail(fault.name, fault.code, fault.nth);
+    ResetProgramState();
+}
+
+/// What the end of the process would take with it.
+void GiveBackAll() {
+    Application::Current().UnloadAll();
+    StartLogging(u"", log_mode::kOff);
+    gLocalizer.reset();
+    if (gLocLibHandle != 0)
+        platform::FreeLibrary(gLocLibHandle);
+    ResetProgramState();
+}
+
+void RunProgram(Observer& observer) {
+    try {
+        Main();
+        Application::Current().Run();
+    } catch (const RuntimeError& error) {
+        observer.TellEnd(error);
+    }
+}
+
+} // namespace
+
+const std::vector<Scenario>& AllScenarios() {
+    static const std::vector<Scenario> scenarios = ReadScenarios();
+    return scenarios;
+}
+
+Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>& faults) {
+    static practice::ScopedWorld world;
+    Prepare(world, scenario, faults);
+    Application::Current().SetDesktop(&platform::TheDesktop());
+    Outcome outcome;
+    {
+        Observer observer(world, scenario.script);
+        RunProgram(observer);
+        observer.TellChanges(*scenario.start, outcome.log);
+        outcome.lines = observer.Lines();
+    }
+    outcome.calls = std::make_shared<std::vector<practice::Call>>(world.calls.All());
+    GiveBackAll();
+    outcome.modules_left = world.handles.Outstanding(practice::HandleKind::Module);
+    outcome.handles_left = world.OutstandingHandles() - outcome.modules_left;
+    outcome.wrong_releases = world.handles.WrongReleases();
+    return outcome;
+}
+
+} // namespace kestrelmoor::tests

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/practice/world/world.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kestrelmoor::tests {
+
+/// What the program was seen to do in one run, as lines that can be compared.
+struct Outcome {
+    std::vector<std::string> lines; ///< boxes, windows, the end, and what has changed in the world
+    std::vector<std::string> log;   ///< the lines of the log, where one was kept
+    std::shared_ptr<const std::vector<practice::Call>> calls;
+    std::size_t handles_left = 0; ///< handed out by the platform and not got back, but for libraries
+    std::size_t modules_left = 0;
+    std::size_t wrong_releases = 0;
+};
+
+/// One start of the program: the world that it stands in, its command line, and what the person does.
+struct Scenario {
+    std::string name;
+    std::string arguments;
+    std::vector<int> answers; ///< to the first boxes, as buttons
+    std::vector<std::string> script;
+    std::vector<std::string> pairs; ///< the operations that are tried with two faults
+    std::size_t modules_left = 0;   ///< libraries that may stay in the process, since objects of them live
+    std::shared_ptr<const practice::World> start;
+
+    bool IsLogged() const { return arguments.find("/d") != std::string::npos; }
+};
+
+/// All scenarios of the file scenarios.json beside this one. A script has the console's commands, but for
+/// these: "look" tells colours, icons, mask and cues of the window; "pick" tells the dialog's prompt first.
+const std::vector<Scenario>& AllScenarios();
+
+/// Runs a scenario in a fresh copy of its world, with these faults laid into it.
+Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>& faults);
+
+} // namespace kestrelmoor::tests
