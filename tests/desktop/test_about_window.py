@@ -8,6 +8,7 @@ from about_window import (
     watch_openings)
 from desktop_case import EveryLook, run_at
 from longer_language import GERMAN, longer, longer_library
+from practice_network import program_folder
 from settings_case import SettingsCase
 from settings_window import SettingsWindow
 from waiting import wait_until
@@ -89,19 +90,24 @@ class Contents(AboutCase):
             self.assertEqual((176, 196, 222), pixels[area.width - 1, area.height - 1])
             self.assertGreater(len(set(pixels.values())), 1)
 
-    def test_help_is_off_without_a_help_file_and_escape_closes(self):
-        self.assertFalse(self.about.control(HELP).enabled)
-        self.desktop.press("F1")
-        self.desktop.press("Escape")
-        self.about.wait_closed()
-        self.assertIsNotNone(self.desktop.window(self.settings.window))
-
     def test_enter_closes_and_it_opens_anew(self):
         self.desktop.press("Enter")
         self.about.wait_closed()
         wait_until(lambda: self.desktop.window(self.settings.window).enabled, "the settings back")
         self.about = AboutWindow(self.settings)
         self.assertEqual("Version 1.02.0084", self.about.text(VERSION))
+
+
+class WithoutAHelpFile(AboutCase):
+    def open(self):
+        return SettingsWindow(self.desktop, program=program_folder(self.desktop, **{HELP_FILE.replace(".", "_"): None}))
+
+    def test_help_is_off_without_a_help_file_and_escape_closes(self):
+        self.assertFalse(self.about.control(HELP).enabled)
+        self.desktop.press("F1")
+        self.desktop.press("Escape")
+        self.about.wait_closed()
+        self.assertIsNotNone(self.desktop.window(self.settings.window))
 
 
 class Link(AboutCase):
@@ -204,7 +210,7 @@ class Looks(AboutCase):
         self.reopen_in_german()
         self.move_away()
         self.picture("about-longer-%s-%d" % (self.look, self.dpi), self.about.window)
-        self.assertEqual("About Kestrelmoor".replace("About", longer("About")),
+        self.assertEqual(longer("About %1").replace("%1", "Kestrelmoor"),
                          self.desktop.window(self.about.window).title)
         self.assertEqual(TRANSLATED[205], self.about.text(TRANSLATOR_WEB))
         self.desktop.move_mouse(self.about.control(TRANSLATOR_WEB))
