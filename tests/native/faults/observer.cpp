@@ -175,6 +175,8 @@ void Observer::TellChanges(const World& start, std::vector<std::string>& log) {
         mLines.push_back("mutex " + name);
     for (std::size_t i = 0; i < mWorld.session_ends.size(); ++i)
         mLines.emplace_back("session ends");
+    for (const practice::ShellExecution& opened : mWorld.shell_executions)
+        mLines.push_back("opened " + ToUtf8(opened.file));
     TellPasswords(start);
     TellRegistry(start);
     TellFiles(start, log);

@@ -15,7 +15,7 @@ namespace kestrelmoor::tests {
 ///   the console's lines of a window, blanks drawn together, rows as "row TEXT", paragraphs of the results as
 ///   "status: TEXT"             look WHAT ...              refused: WHAT (the script then ends)
 ///   error NUMBER: TEXT         session ends               password COMPUTER OR DOMAIN = TEXT
-///   registry NAME = DATA       registry NAME gone         file PATH
+///   registry NAME = DATA       registry NAME gone         file PATH                opened FILE OR ADDRESS
 class Observer {
   public:
     Observer(practice::World& world, const std::vector<std::string>& script);

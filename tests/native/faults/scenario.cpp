@@ -70,6 +70,8 @@ void PutBack(World& world, const World& start) {
     world.key_states = {};
     world.mutexes.clear();
     world.session_ends.clear();
+    world.shell_executions.clear();
+    world.mouse = {};
 }
 
 void Prepare(World& world, const Scenario& scenario, const std::vector<practice::Fault>& faults) {
