@@ -25,6 +25,7 @@ build_program() {
   build windows Moorlink languages help_pages
   rm -rf out/program
   cp -r out/windows/program out/program
+  cp LICENSE out/program/LICENSE.txt
   echo "out/program/Moorlink.exe, its language libraries and its help pages"
 }
 

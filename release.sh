@@ -68,9 +68,13 @@ list_tools() {
 }
 
 sign_release() {
-  if [ -z "${KESTRELMOOR_SIGNING_CERTIFICATE:-}" ] || [ -z "${KESTRELMOOR_SIGNING_KEY:-}" ]; then
+  if [ -z "${KESTRELMOOR_SIGNING_CERTIFICATE:-}${KESTRELMOOR_SIGNING_KEY:-}" ]; then
     echo "no certificate is given: the files are unsigned"
     return
+  fi
+  if [ -z "${KESTRELMOOR_SIGNING_CERTIFICATE:-}" ] || [ -z "${KESTRELMOOR_SIGNING_KEY:-}" ]; then
+    echo "release.sh: KESTRELMOOR_SIGNING_CERTIFICATE and KESTRELMOOR_SIGNING_KEY belong together; name both" >&2
+    exit 2
   fi
   tools/install_packages.sh osslsigncode
   local name

@@ -31,7 +31,7 @@ def changes(version):
         "UPDATE `File` SET `Version` = '%s', `Language` = '1033' WHERE `File` = '%s'"
         % (version.record(), package_source.file_identifier(product.EXECUTABLE)),
         "INSERT INTO `RemoveFile` (`FileKey`, `Component_`, `FileName`, `DirProperty`, `InstallMode`)"
-        " VALUES ('SetupUninstaller', 'Record', 'uninst~1.exe|uninstall.exe', 'INSTALLDIR', 1)",
+        " VALUES ('SetupUninstaller', 'Record', 'kestre~1.exe|Kestrelmoor-uninstall.exe', 'INSTALLDIR', 1)",
         "DELETE FROM `InstallUISequence` WHERE `Action` = 'AppSearch'",
     ]
 

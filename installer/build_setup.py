@@ -27,7 +27,8 @@ def files_script(program):
         macro("DELETE_FILES", ['Delete "$INSTDIR\\%s"' % name for name in program.files]),
         macro("WRITE_LANGUAGES",
               ['WriteRegStr HKLM "%s" "%s" "%s"' % (key, *pair) for pair in values.items()]),
-        macro("DELETE_LANGUAGES", ['DeleteRegValue HKLM "%s" "%s"' % (key, name) for name in values]),
+        macro("DELETE_LANGUAGES", ['DeleteRegValue HKLM "%s" "%s"' % (key, name)
+                                   for name in values if name != product.FIRST_LANGUAGE]),
     ])
 
 
@@ -41,6 +42,7 @@ def defines(program, version, out_file, script):
         "VERSION_TEXT": version.text,
         "VERSION_RECORD": version.record(),
         "RECORD_KEY": product.RECORD_KEY,
+        "FIRST_LANGUAGE": product.FIRST_LANGUAGE,
         "LANGUAGES_KEY": product.LANGUAGES_KEY,
         "SETTINGS_KEY": product.SETTINGS_KEY,
         "PUBLISHER_KEY": product.SETTINGS_KEY.rpartition("\\")[0],

@@ -34,6 +34,9 @@ def code(name):
 UPGRADE_CODE = code("upgrade")
 """The same in all versions: it is how one package finds another, and how the set-up program finds it."""
 
+FIRST_LANGUAGE = "0"
+"""The entry of the list of language libraries that stands ahead of all others."""
+
 
 @dataclass(frozen=True)
 class Version:
@@ -81,7 +84,7 @@ class Program:
         languages = self.languages()
         if not languages:
             return {}
-        return {"0": "default.loc", **{number: number + ".loc" for number in languages}}
+        return {FIRST_LANGUAGE: "default.loc", **{number: number + ".loc" for number in languages}}
 
     def kilobytes(self):
         return (sum((self.folder / name).stat().st_size for name in self.files) + 1023) // 1024

@@ -7,6 +7,7 @@
 Unicode true
 SetCompressor /SOLID lzma
 SetDateSave off
+AllowSkipFiles off
 ManifestSupportedOS all
 ManifestDPIAware true
 RequestExecutionLevel admin
@@ -22,8 +23,9 @@ OutFile "${OUT_FILE}"
 InstallDir "$PROGRAMFILES32\${NAME}"
 InstallDirRegKey HKLM "${RECORD_KEY}" "InstallLocation"
 
-!define UNINSTALLER "uninstall.exe"
+!define UNINSTALLER "${NAME}-uninstall.exe"
 !define MENU_FOLDER "$SMPROGRAMS\${NAME}"
+!define BROKEN_OFF 2
 !define IN_USE 32
 !define NO_ADMINISTRATOR 5
 !define DONE_AFTER_RESTART 3010
@@ -84,6 +86,13 @@ VIAddVersionKey /LANG=1033 "ProductVersion" "${VERSION_TEXT}"
 !macro BREAK_OFF_UNLESS_ZERO CODE
   ${If} ${CODE} != 0
     SetErrorLevel ${CODE}
+    Abort
+  ${EndIf}
+!macroend
+
+!macro BREAK_OFF_AT_ERRORS
+  ${If} ${Errors}
+    SetErrorLevel ${BROKEN_OFF}
     Abort
   ${EndIf}
 !macroend
@@ -164,13 +173,16 @@ Function WriteRecord
   WriteRegDWORD HKLM "${RECORD_KEY}" "NoRepair" 1
 FunctionEnd
 
-; A link's working folder is the folder of SetOutPath.
+; A link's working folder is the folder of SetOutPath. The set-up program's Spanish has another number than ours.
 Function AddToStartMenu
   SetShellVarContext all
   SetOutPath "$INSTDIR"
   CreateDirectory "${MENU_FOLDER}"
   CreateShortcut "${MENU_FOLDER}\${NAME}.lnk" "$INSTDIR\${EXECUTABLE}" "${WINDOW_SWITCH}"
   StrCpy $0 "Help-$LANGUAGE.html"
+  ${If} $LANGUAGE == 1034
+    StrCpy $0 "Help-3082.html"
+  ${EndIf}
   ${IfNot} ${FileExists} "$INSTDIR\$0"
     StrCpy $0 "Help-1033.html"
   ${EndIf}
@@ -183,25 +195,35 @@ Section
   Call RefuseWhileOpen
   Call RemovePackages
   Call RemoveEarlierSetup
+  ClearErrors
   SetOutPath "$INSTDIR"
   !insertmacro INSTALL_FILES
   WriteUninstaller "$INSTDIR\${UNINSTALLER}"
   !insertmacro WRITE_LANGUAGES
   Call AddToStartMenu
   Call WriteRecord
+  !insertmacro BREAK_OFF_AT_ERRORS
 SectionEnd
 
-; What users have set for themselves stays, as does what somebody else has put beside the program.
+; What users have set for themselves stays, as does what somebody else has put beside the program. Where a file
+; can't be deleted the record stays too. The first entry of the libraries stays as long as there are entries of
+; others: the program can't bear a list of one.
 Section Uninstall
   !insertmacro REFUSE_WHILE_OPEN "$INSTDIR\${EXECUTABLE}"
   SetShellVarContext all
   Delete "${MENU_FOLDER}\${NAME}.lnk"
   Delete "${MENU_FOLDER}\${NAME} Help.lnk"
   RMDir "${MENU_FOLDER}"
+  ClearErrors
   !insertmacro DELETE_FILES
+  !insertmacro BREAK_OFF_AT_ERRORS
   Delete "$INSTDIR\${UNINSTALLER}"
   RMDir "$INSTDIR"
   !insertmacro DELETE_LANGUAGES
+  EnumRegValue $0 HKLM "${LANGUAGES_KEY}" 1
+  ${If} $0 == ""
+    DeleteRegValue HKLM "${LANGUAGES_KEY}" "${FIRST_LANGUAGE}"
+  ${EndIf}
   DeleteRegKey /ifempty HKLM "${LANGUAGES_KEY}"
   DeleteRegKey /ifempty HKLM "${SETTINGS_KEY}"
   DeleteRegKey /ifempty HKLM "${PUBLISHER_KEY}"

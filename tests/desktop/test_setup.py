@@ -12,10 +12,12 @@ from settings_window import LANGUAGES as LANGUAGE_LIST
 from settings_window import SettingsWindow
 from waiting import wait_until
 
+UNINSTALLER = "Kestrelmoor-uninstall.exe"
+
 OLDER, NEWER = "1.02.0083", "1.02.0085"
 PROGRAM = FOLDER + "\\Moorlink.exe"
 REAL = OUT / "installer"
-IN_USE = 32
+BROKEN_OFF, IN_USE = 2, 32
 FINNISH, NORWEGIAN = "1035.loc", "1044.loc"
 LARGEST = 1200000
 
@@ -61,7 +63,7 @@ class SetupProgram(SetupCase):
         self.assertEqual(self.installation.set_up(newer), 0)
         built = {path.name: path.read_bytes() for path in (newer.parent / "program").iterdir()}
         installed = {path.name: path.read_bytes() for path in self.installation.path().iterdir()}
-        self.assertIsNotNone(installed.pop("uninstall.exe", None))
+        self.assertIsNotNone(installed.pop(UNINSTALLER, None))
         self.assertEqual(installed, built)
         self.installation.remove_as_recorded()
         self.assert_nothing_left()
@@ -78,9 +80,9 @@ class SetupProgram(SetupCase):
             "Publisher": "Orvane",
             "UrlInfoAbout": "https://kestrelmoor.example/",
             "InstallLocation": FOLDER,
-            "UninstallString": '"%s\\uninstall.exe"' % FOLDER,
-            "QuietUninstallString": '"%s\\uninstall.exe" /S' % FOLDER,
-            "SetupUninstaller": FOLDER + "\\uninstall.exe",
+            "UninstallString": '"%s\\%s"' % (FOLDER, UNINSTALLER),
+            "QuietUninstallString": '"%s\\%s" /S' % (FOLDER, UNINSTALLER),
+            "SetupUninstaller": FOLDER + "\\" + UNINSTALLER,
             "NoModify": 1,
             "NoRepair": 1,
         })
@@ -119,10 +121,10 @@ class SetupProgram(SetupCase):
         self.assertEqual(self.installation.set_up(newer), 0)
         self.assert_version(NEWER)
         self.assertFalse(self.installation.path().exists())
-        self.assertEqual(self.installation.files(elsewhere), sorted([*built_names(), "uninstall.exe"]))
+        self.assertEqual(self.installation.files(elsewhere), sorted([*built_names(), UNINSTALLER]))
         self.assertNotIn("1044", self.desktop.list_registry(LANGUAGES)[1])
-        self.desktop.start(elsewhere + "\\uninstall.exe", "/S _?=" + elsewhere).wait_exit()
-        self.assertEqual(self.installation.files(elsewhere), ["uninstall.exe"])
+        self.desktop.start(elsewhere + "\\" + UNINSTALLER, "/S _?=" + elsewhere).wait_exit()
+        self.assertEqual(self.installation.files(elsewhere), [UNINSTALLER])
         self.installation.command('rmdir /s /q "%s"' % elsewhere)
         self.assert_nothing_left()
 
@@ -132,7 +134,7 @@ class SetupProgram(SetupCase):
         network = PracticeNetwork(self.desktop)
         window = PasswordWindow(self.desktop, program=PROGRAM, variables=network.variables)
         self.assertEqual(self.installation.set_up(newer), IN_USE)
-        uninstaller = self.desktop.start(FOLDER + "\\uninstall.exe", "/S _?=" + FOLDER)
+        uninstaller = self.desktop.start(FOLDER + "\\" + UNINSTALLER, "/S _?=" + FOLDER)
         self.assertEqual(uninstaller.wait_exit(), IN_USE)
         self.assertEqual(self.installation.files(), before)
         self.assertEqual(self.installation.all_registry(), registry)
@@ -143,9 +145,31 @@ class SetupProgram(SetupCase):
     def test_a_file_that_somebody_put_beside_the_program_stays(self):
         self.assertEqual(self.installation.set_up(newer), 0)
         self.installation.command('copy C:\\windows\\win.ini "%s\\notes.txt"' % FOLDER)
-        self.desktop.start(FOLDER + "\\uninstall.exe", "/S _?=" + FOLDER).wait_exit()
-        self.assertEqual(self.installation.files(), ["notes.txt", "uninstall.exe"])
+        self.desktop.start(FOLDER + "\\" + UNINSTALLER, "/S _?=" + FOLDER).wait_exit()
+        self.assertEqual(self.installation.files(), [UNINSTALLER, "notes.txt"])
         self.installation.command('rmdir /s /q "%s"' % FOLDER)
+
+    def test_an_uninstaller_of_another_program_stays(self):
+        elsewhere = "C:\\Tools"
+        self.installation.command('mkdir "%s"' % elsewhere)
+        self.installation.command('copy C:\\windows\\win.ini "%s\\uninstall.exe"' % elsewhere)
+        self.assertEqual(self.installation.set_up(newer, "/D=" + elsewhere), 0)
+        self.desktop.start(elsewhere + "\\" + UNINSTALLER, "/S _?=" + elsewhere).wait_exit()
+        self.assertEqual(self.installation.files(elsewhere), [UNINSTALLER, "uninstall.exe"])
+        self.installation.command('rmdir /s /q "%s"' % elsewhere)
+
+    def test_a_file_that_cannot_be_written_breaks_it_off_and_the_exit_code_tells(self):
+        self.installation.command('mkdir "%s\\default.loc\\in the way"' % FOLDER)
+        self.assertEqual(self.installation.set_up(newer), BROKEN_OFF)
+        self.assertFalse(self.installation.recorded())
+        self.installation.command('rmdir /s /q "%s"' % FOLDER)
+
+    def test_the_list_of_languages_stays_sound_where_somebody_else_has_an_entry(self):
+        self.assertEqual(self.installation.set_up(newer), 0)
+        self.desktop.write_registry(LANGUAGES, "1061", "C:\\Languages\\1061.loc")
+        self.installation.remove_as_recorded()
+        self.assertEqual(sorted(self.desktop.list_registry(LANGUAGES)[1]), ["0", "1061"])
+        self.desktop.delete_registry(LANGUAGES.partition("\\Kestrelmoor")[0])
 
 
 class Pages(SetupCase):
@@ -237,7 +261,7 @@ class BothWays(SetupCase):
         self.assertEqual(self.installation.set_up(newer), 0)
         self.assert_version(NEWER)
         self.assertNotIn(NORWEGIAN, self.installation.files())
-        self.assertIn("uninstall.exe", self.installation.files())
+        self.assertIn(UNINSTALLER, self.installation.files())
         self.installation.remove_as_recorded()
         self.assert_nothing_left()
 
@@ -267,7 +291,7 @@ class BothWays(SetupCase):
         running = self.run_program()
         self.assertNotEqual(self.installation.install_package(newer), 0)
         # What the package has not come to Wine takes back all the same, so other files are not looked at.
-        self.assertLessEqual({"Moorlink.exe", "uninstall.exe", NORWEGIAN}, set(self.installation.files()))
+        self.assertLessEqual({"Moorlink.exe", UNINSTALLER, NORWEGIAN}, set(self.installation.files()))
         running.close()
         self.assertEqual(self.installation.set_up(newer), 0)
         self.assert_version(NEWER)
