@@ -19,6 +19,10 @@ if(KESTRELMOOR_SANITIZE)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(KESTRELMOOR_FUZZ)
+  target_compile_options(house_rules INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
   # UNICODE names throughout; nothing newer than the oldest system's structures.
   target_compile_definitions(house_rules INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
