@@ -3,6 +3,7 @@
 #include "runtime/errors.h"
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace kestrelmoor {
@@ -38,7 +39,8 @@ class Array {
     void Erase() { mElements.clear(); }
 
     /// The elements in their order, whatever the bounds are.
-    const std::vector<Element>& Elements() const { return mElements; }
+    const std::vector<Element>& Elements() const& { return mElements; }
+    std::vector<Element> Elements() && { return std::move(mElements); }
 
     bool operator==(const Array&) const = default;
 

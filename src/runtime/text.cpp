@@ -1,5 +1,7 @@
 #include "runtime/text.h"
 
+#include <algorithm>
+
 namespace kestrelmoor {
 
 namespace {
@@ -127,6 +129,7 @@ String AddBackslash(StringView sPath) {
 
 StringList Split(StringView text, char16_t separator) {
     StringList pieces;
+    pieces.reserve(static_cast<std::size_t>(std::ranges::count(text, separator)) + 1);
     for (;;) {
         const std::size_t end = text.find(separator);
         pieces.emplace_back(text.substr(0, end));
@@ -137,7 +140,11 @@ StringList Split(StringView text, char16_t separator) {
 }
 
 String Join(const StringList& pieces, char16_t separator) {
+    std::size_t length = pieces.size();
+    for (const String& piece : pieces)
+        length += piece.size();
     String joined;
+    joined.reserve(length);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         if (i != 0)
             joined.push_back(separator);

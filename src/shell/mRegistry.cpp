@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 namespace kestrelmoor {
 
@@ -49,11 +50,11 @@ RegistryValue IntegerOf(const RawData& data) {
 }
 
 RegistryValue FromString(std::uint32_t nType, const RawData& data) {
-    const std::optional<String> text = TextOf(data);
+    std::optional<String> text = TextOf(data);
     if (!text)
         return {};
     if (nType == type::kMultiString)
-        return ListOf(*text);
+        return ListOf(std::move(*text));
     if (nType == type::kExpandString)
         return TrimAtNul(platform::ExpandEnvironmentStringsW(*text, kExpandedLength));
     return *text;
@@ -180,6 +181,10 @@ RegistryValue GetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sN
 
 void LetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sName, const RegistryValue& value) {
     std::visit(Writer(hKey, sName), value);
+}
+
+void LetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sName, const Array<String>& list) {
+    Writer(hKey, sName)(list);
 }
 
 } // namespace kestrelmoor

@@ -50,4 +50,7 @@ RegistryValue GetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sN
 /// a kind that it can't hold; the source is "RegistryKeyValue (Let)".
 void LetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sName, const RegistryValue& value);
 
+/// The same for a string list, which need not be copied into a value first.
+void LetRegistryKeyValue(const OwnedRegistryKey& hKey, const String& sName, const Array<String>& list);
+
 } // namespace kestrelmoor

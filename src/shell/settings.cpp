@@ -8,6 +8,7 @@
 #include "shell/program_state.h"
 
 #include <limits>
+#include <utility>
 
 namespace kestrelmoor {
 
@@ -33,15 +34,15 @@ std::int32_t IntegerOr(const RegistryValue& value, std::int32_t fallback) {
 }
 
 void LoadServers(const OwnedRegistryKey& key) {
-    const RegistryValue value = GetRegistryKeyValue(key, u"Servers");
-    const auto* list = std::get_if<Array<String>>(&value);
+    RegistryValue value = GetRegistryKeyValue(key, u"Servers");
+    auto* list = std::get_if<Array<String>>(&value);
     if (list == nullptr)
         return;
     if (!list->HasStorage()) {
         gServerCount = 0;
         return;
     }
-    gServers = Array<String>(1, list->Elements());
+    gServers = Array<String>(1, std::move(*list).Elements());
     if (gServers.UpperBound() > std::numeric_limits<std::int16_t>::max())
         RaiseError(error_number::kOverflow);
     gServerCount = static_cast<std::int16_t>(gServers.UpperBound());
@@ -57,7 +58,8 @@ void LoadActiveBits(const OwnedRegistryKey& key) {
 }
 
 /// One statement of the saving: what it can't write is told, and the next one goes on.
-void Store(const OwnedRegistryKey& key, const String& sName, const RegistryValue& value) {
+template <class Value>
+void Store(const OwnedRegistryKey& key, const String& sName, const Value& value) {
     try {
         LetRegistryKeyValue(key, sName, value);
     } catch (const RuntimeError& error) {
@@ -71,7 +73,10 @@ RegistryValue IntegerUnless(bool is_default, std::int32_t value) {
 
 void StoreSettings(const OwnedRegistryKey& key) {
     const bool any = gServerCount != 0;
-    Store(key, u"Servers", any ? RegistryValue(gServers) : RegistryValue());
+    if (any)
+        Store(key, u"Servers", gServers);
+    else
+        Store(key, u"Servers", RegistryValue());
     Store(key, u"Active", any ? RegistryValue(gActiveBits) : RegistryValue());
     Store(key, u"ReminderTime", IntegerUnless(gReminderTime == kDefaultReminderTime, gReminderTime));
     Store(key, u"Options", IntegerUnless(gSyncLocal, 0));

@@ -1,48 +1,50 @@
-"""logic.py PROGRAM: runs the benchmarks of the logic on the practice platform and prints their figures."""
+"""The logic on the practice platform: runs its benchmarks and judges those that have a goal."""
 
 import json
+import pathlib
 import subprocess
-import sys
 
-from figures import print_table, with_spread
+from figures import Measure, print_table, ratio_within, with_spread, within
 
-REPETITIONS = 5
+PROGRAM = pathlib.Path(__file__).resolve().parent.parent.parent / "out" / "native" / "tests" / "bench" / "logic_bench"
+REPETITIONS = 9
 UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
+LARGEST_GROWTH = 12
 GROWING = [
-    ("LoadTargets", "LoadTargets"),
+    ("`LoadTargets`", "LoadTargets"),
     ("the settings' list", "OpenTheSettingsWithServers"),
+    ("loading the settings", "LoadSettingsWithServers"),
     ("saving the settings", "SaveTheSettingsWithServers"),
 ]
 
 
 def plain(name):
     """Without what says how it was measured."""
-    parts = [part for part in name.split("/") if part not in ("manual_time", "real_time") and not part.startswith("repeats:")]
-    return "/".join(parts)
+    return "/".join(part for part in name.split("/")
+                    if part not in ("manual_time", "real_time") and not part.startswith("repeats:"))
 
 
-def output(program, *options):
+def output(*options):
     return subprocess.run(
-        [program, *options], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True).stdout
+        [PROGRAM, *options], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True).stdout
 
 
-def runs(program):
+def runs(repetitions):
     """The records of all benchmarks. Each family has a process of its own, so that none works in the memory that
     another has left in pieces."""
-    families = dict.fromkeys(
-        name.partition("/")[0] for name in output(program, "--benchmark_list_tests=true").splitlines())
+    families = dict.fromkeys(name.partition("/")[0] for name in output("--benchmark_list_tests=true").splitlines())
     for family in families:
         report = output(
-            program, "--benchmark_filter=^%s(/|$)" % family, "--benchmark_format=json",
-            "--benchmark_min_time=0.1", "--benchmark_repetitions=%d" % REPETITIONS)
+            "--benchmark_filter=^%s(/|$)" % family, "--benchmark_format=json",
+            "--benchmark_min_time=0.1", "--benchmark_repetitions=%d" % repetitions)
         yield from json.loads(report)["benchmarks"]
 
 
-def measured(program):
+def measured(records):
     """{name: [nanoseconds of each repetition]} and {name: counters}."""
     times, counters = {}, {}
-    for run in runs(program):
+    for run in records:
         if run.get("error_occurred"):
             raise RuntimeError("%s: %s" % (run["name"], run["error_message"]))
         if run["run_type"] == "iteration":
@@ -61,39 +63,39 @@ def shown(nanoseconds):
     return text + " " + unit
 
 
-def growth(times, name):
-    """How often the time with 1,000 servers goes into that with 10,000, for each repetition."""
-    return [many / few for few, many in zip(times[name + "/1000"], times[name + "/10000"])]
+def growth(times, words, name):
+    many, few = ([value / UNITS["ms"] for value in times[name + count]] for count in ("/10000", "/1000"))
+    pairs = list(zip(many, few))
+    return ratio_within(words + ", 10,000 servers", pairs, LARGEST_GROWTH, "%.2f", "ms", "with 1,000")
 
 
-def print_goals(times, counters):
+def run_beside_its_calls(times, counters):
+    run, bare = "RunOverServers/1000", "BareCallsToServers/1000"
+    targets = counters[run]["targets"]
+    # What the click makes ahead of the targets and behind them is no target's.
+    if abs(counters[run]["calls"] - counters[bare]["calls"]) >= targets:
+        return Measure("a run over 1,000 targets", "not known: it makes %d calls, the bare loop %d"
+                       % (counters[run]["calls"], counters[bare]["calls"]), goal="at most 0.1 ms per target", met=False)
+    own = [(one - other) / targets / UNITS["ms"] for one, other in zip(times[run], times[bare])]
+    return within("a run over 1,000 targets beside its calls, per target", own, 0.1, "%.4f", "ms")
+
+
+def judged(times, counters):
     guard = [value / UNITS["ms"] for value in times["UpdateOkButton/10000"]]
     fetched = [value / UNITS["ms"] for value in times["FetchEveryTextOfALibrary"]]
-    run, bare = "RunOverServers/1000", "BareCallsToServers/1000"
-    own = [(one - other) / counters[run]["targets"] / UNITS["ms"] for one, other in zip(times[run], times[bare])]
-    rows = [
-        (words + ", 10,000 servers against 1,000", with_spread(growth(times, name), "%.1f") + " times",
-         "goal: at most 12")
-        for words, name in GROWING
-    ] + [
-        ("UpdateOkButton with 10,000 stored passwords", with_spread(guard, "%.3f") + " ms", "goal: at most 1"),
-        ("a language library loaded and its %d texts fetched" % counters["FetchEveryTextOfALibrary"]["texts"],
-         with_spread(fetched, "%.3f") + " ms", "goal: at most 1"),
-        ("a run beside its calls", with_spread(own, "%.3f") + " ms per target", "goal: at most 0.1"),
+    texts = counters["FetchEveryTextOfALibrary"]["texts"]
+    return [
+        *(growth(times, words, name) for words, name in GROWING),
+        within("`UpdateOkButton` with 10,000 stored passwords", guard, 1, "%.3f", "ms"),
+        run_beside_its_calls(times, counters),
+        within("a language library loaded and its %d texts fetched" % texts, fetched, 1, "%.3f", "ms"),
     ]
-    # What the click makes ahead of the targets and behind them is no target's.
-    if abs(counters[run]["calls"] - counters[bare]["calls"]) >= counters[run]["targets"]:
-        rows.append(("", "The run makes %d calls, the bare loop %d: what lies beside them is not known."
-                     % (counters[run]["calls"], counters[bare]["calls"]), ""))
-    print_table("Goals", rows)
 
 
-def main(program):
-    times, counters = measured(program)
-    print_table("Logic on the practice platform, median and quartiles of %d" % REPETITIONS,
+def measures(pairs):
+    """`pairs`: repetitions of each benchmark, None for the full number."""
+    repetitions = pairs or REPETITIONS
+    times, counters = measured(runs(repetitions))
+    print_table("All benchmarks of the logic, median and quartiles of %d" % repetitions,
                 [(name, shown(values)) for name, values in times.items()])
-    print_goals(times, counters)
-
-
-if __name__ == "__main__":
-    main(sys.argv[1])
+    return judged(times, counters)

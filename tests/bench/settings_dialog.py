@@ -9,11 +9,10 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE.parent / "desktop")]
 
 from desktop import Desktop  # noqa: E402
-from figures import print_table, with_spread  # noqa: E402
+from figures import ratio_within  # noqa: E402
 from password_window import SETTINGS, SETTINGS_BUTTON, STAND_INS, PasswordWindow, targets  # noqa: E402
 from practice_network import PracticeNetwork  # noqa: E402
 from waiting import wait_until  # noqa: E402
-from wine_desktop import NoWine  # noqa: E402
 
 FEW, MANY = 10, 1000
 PAIRS = 20
@@ -40,21 +39,11 @@ def seconds_to_dialog(desktop, window):
     return taken
 
 
-def main():
-    try:
-        with Desktop(dlls=STAND_INS) as desktop:
-            network = PracticeNetwork(desktop)
-            windows = [open_window(desktop, network, count) for count in (FEW, MANY)]
-            pairs = [[seconds_to_dialog(desktop, window) for window in windows] for _ in range(PAIRS)]
-    except NoWine as reason:
-        print("\nthe settings were not measured: %s" % reason)
-        return
-    print_table("The settings from the press to the screen, %d pairs" % PAIRS, [
-        ("%d servers" % FEW, with_spread([few * 1000 for few, _ in pairs], "%.0f") + " ms", ""),
-        ("%d servers" % MANY, with_spread([many * 1000 for _, many in pairs], "%.0f") + " ms", ""),
-        ("ratio", with_spread([many / few for few, many in pairs], "%.2f"), "goal: at most 2"),
-    ])
-
-
-if __name__ == "__main__":
-    main()
+def measures(pairs):
+    """`pairs`: None for the full number."""
+    with Desktop(dlls=STAND_INS) as desktop:
+        network = PracticeNetwork(desktop)
+        windows = [open_window(desktop, network, count) for count in (MANY, FEW)]
+        times = [[seconds_to_dialog(desktop, window) * 1000 for window in windows] for _ in range(pairs or PAIRS)]
+    return [ratio_within("the settings with {:,} servers, from the press to the screen".format(MANY), times, 2, "%.0f",
+                         "ms", "with %d" % FEW)]

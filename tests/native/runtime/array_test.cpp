@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace kestrelmoor::tests {
 
 namespace {
@@ -33,6 +36,14 @@ TEST(ArrayBounds, ResizingKeepsTheFrontAndFillsUpWithDefaults) {
     array.Redim(0, 0);
     EXPECT_EQ(array.Elements(), std::vector<int>{10});
     EXPECT_EQ(array.LowerBound(), 0);
+}
+
+TEST(ArrayBounds, AnArrayThatIsGivenUpHandsOutItsElementsWithoutACopy) {
+    Array<int> array(1, {10, 20});
+    const int* const place = array.Elements().data();
+    const std::vector<int> taken = std::move(array).Elements();
+    EXPECT_EQ(taken, (std::vector<int>{10, 20}));
+    EXPECT_EQ(taken.data(), place);
 }
 
 TEST(ArrayBounds, ALastIndexBelowTheFirstAndErasingGiveTheStorageUp) {

@@ -184,6 +184,15 @@ TEST_F(RegistryValues, AStringListIsWrittenWithTwoNulsAtItsEnd) {
     EXPECT_EQ(Written(Array<String>(1, {u"a"})), Stored(kStringList, {'a', 0, 0, 0, 0, 0}));
 }
 
+TEST_F(RegistryValues, AStringListThatIsNoValueIsWrittenLikeOne) {
+    const Array<String> list(1, {u"a", u"b"});
+    const OwnedRegistryKey key = OpenRegistryKey(0x80000001, u"Software\\Test", 0x20006);
+    LetRegistryKeyValue(key, u"Value", list);
+    const practice::RegistryValue* const stored = world.registry.FindValue(kTestKey, u"Value");
+    ASSERT_NE(stored, nullptr);
+    EXPECT_EQ(*stored, Stored(kStringList, {'a', 0, 0, 0, 'b', 0, 0, 0, 0, 0}));
+}
+
 TEST_F(RegistryValues, BytesAreWrittenFromTheLowerToTheUpperBound) {
     EXPECT_EQ(Written(Bytes(1, {3, 0, 255})), Stored(kBinary, {3, 0, 255}));
 }

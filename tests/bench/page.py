@@ -1,0 +1,45 @@
+"""The page of figures, docs/figures.md."""
+
+from figures import COLUMNS
+
+QUIET = 1.5
+"""The load of a computer on which nothing else runs: the measured program takes up to one processor by itself."""
+
+HEAD = """\
+# Figures
+
+What the program is measured by. `./bench.sh` measures all of it and writes this page; each section names the command
+that makes it alone. A figure is a median, with the quartiles between brackets; a ratio is taken pair by pair, and the
+goal is asked of its median.
+"""
+
+WARNING = """\
+**The computer was not quiet**: the load went up to %.1f, where a run by itself stays below %.1f. Take the times with
+doubt.
+"""
+
+
+def table(rows):
+    """Rows of texts, the first of them the head, as Markdown."""
+    lines = ["| " + " | ".join(cell.replace("|", "\\|") for cell in row) + " |" for row in rows]
+    lines.insert(1, "|" + "---|" * len(rows[0]))
+    return "\n".join(lines) + "\n"
+
+
+def summary(measures):
+    judged = [measure for measure in measures if measure.met is not None]
+    missed = [measure.what for measure in judged if not measure.met]
+    line = "Of %d goals %d are met" % (len(judged), len(judged) - len(missed))
+    return line + ("; missed: %s.\n" % "; ".join(missed) if missed else ".\n")
+
+
+def render(machine, load, sections):
+    """The text of the page. `machine`: rows of two texts. `load`: the highest during the run. `sections`: (title,
+    introduction, measures) of each."""
+    parts = [HEAD, summary([measure for _, _, measures in sections for measure in measures])]
+    parts.append(table([("Computer", ""), *machine, ("highest load of a minute during the run", "%.1f" % load)]))
+    if load > QUIET:
+        parts.append(WARNING % (load, QUIET))
+    for title, introduction, measures in sections:
+        parts += ["## %s\n" % title, introduction + "\n", table([COLUMNS, *(measure.cells() for measure in measures)])]
+    return "\n".join(parts)

@@ -1,0 +1,128 @@
+"""The page of figures: what is called met and what missed, and how it reads."""
+
+import contextlib
+import io
+import pathlib
+import sys
+import unittest
+
+BENCH = pathlib.Path(__file__).resolve().parent.parent / "bench"
+sys.path[:0] = [str(BENCH)]
+
+import bench  # noqa: E402
+import logic  # noqa: E402
+import tried  # noqa: E402
+from figures import Measure, counted, ratio_within, within  # noqa: E402
+from page import render  # noqa: E402
+
+MACHINE = [("processors", "2, of some kind")]
+
+
+class Verdicts(unittest.TestCase):
+    def test_the_median_is_held_against_the_limit(self):
+        self.assertEqual(["a run", "0.10 (0.10 to 0.20) ms", "", "", "at most 0.10 ms", "met"],
+                         within("a run", [0.1, 0.1, 0.3], 0.1, "%.2f", "ms").cells())
+        self.assertEqual(["a run", "0.30 (0.20 to 0.30) ms", "", "", "at most 0.10 ms", "MISSED"],
+                         within("a run", [0.1, 0.3, 0.3], 0.1, "%.2f", "ms").cells())
+
+    def test_a_ratio_is_taken_pair_by_pair(self):
+        pairs = [(10, 10), (30, 20), (40, 10)]
+        cells = ["a start", "30 (20 to 35) ms", "10 (10 to 15) ms bare", "1.50 (1.25 to 2.75)", "ratio at most 1.5"]
+        self.assertEqual([*cells, "met"], ratio_within("a start", pairs, 1.5, "%.0f", "ms", "bare").cells())
+        self.assertIs(False, ratio_within("a start", pairs, 1.49, "%.0f", "ms").met)
+        unjudged = ratio_within("a start", pairs, None, "%.0f", "ms")
+        self.assertEqual(("", None, ""), (unjudged.goal, unjudged.met, unjudged.verdict()))
+
+    def test_a_number_may_be_as_great_as_its_limit_and_no_greater(self):
+        self.assertEqual(["the program", "512,000 bytes", "", "", "at most 512,000", "met"],
+                         counted("the program", 512000, 512000, "bytes").cells())
+        self.assertEqual("MISSED", counted("the program", 512001, 512000, "bytes").verdict())
+
+
+class Sources(unittest.TestCase):
+    def test_every_cell_of_the_fault_matrix_has_to_hold_and_the_tests_with_it(self):
+        found = tried.fault_matrix("[ OK ]\nfaults: 2926 cells tried, 2926 held\n", 0)
+        self.assertEqual(("2,926 cells tried, 2,926 held", True), (found.figure, found.met))
+        self.assertIs(False, tried.fault_matrix("faults: 2926 cells tried, 2925 held\n", 0).met)
+        self.assertIs(False, tried.fault_matrix("faults: 2926 cells tried, 2926 held\n", 1).met)
+        self.assertIs(False, tried.fault_matrix("faults: 0 cells tried, 0 held\n", 0).met)
+        with self.assertRaises(RuntimeError):
+            tried.fault_matrix("nothing was run\n", 0)
+
+    def test_fuzzers_are_told_with_runs_and_hours(self):
+        record = {
+            "registry": {"runs": 9999999, "seconds": 1800, "findings": []},
+            "command_line": {"runs": 10000000, "seconds": 720, "findings": ["a crash"]},
+            "sessions": {"runs": 5, "seconds": 36000, "findings": 0},
+        }
+        self.assertEqual([
+            ["fuzzer command_line", "10,000,000 runs in 0.2 hours, findings: 1", "at least 10,000,000 runs", "met"],
+            ["fuzzer registry", "9,999,999 runs in 0.5 hours, findings: 0", "at least 10,000,000 runs", "MISSED"],
+            ["fuzzer sessions", "5 runs in 10.0 hours, findings: 0", "", ""],
+        ], [[*row.cells()[:2], *row.cells()[4:]] for row in tried.fuzzers(record)])
+        self.assertEqual(["no record"], [measure.figure for measure in tried.fuzzers(None)])
+
+    def test_benchmarks_are_judged_by_their_names(self):
+        times = {name + "/" + count: [float(time), float(time)] for _, name in logic.GROWING
+                 for count, time in (("1000", 1e6), ("10000", 13e6))}
+        times |= {"UpdateOkButton/10000": [2e6, 2e6], "FetchEveryTextOfALibrary": [5e4, 5e4],
+                  "RunOverServers/1000": [150e6, 150e6], "BareCallsToServers/1000": [100e6, 100e6]}
+        counters = {"RunOverServers/1000": {"targets": 1000, "calls": 8010}, "BareCallsToServers/1000": {"calls": 8000},
+                    "FetchEveryTextOfALibrary": {"texts": 67}}
+        met = {measure.what: measure.met for measure in logic.judged(times, counters)}
+        self.assertEqual({
+            "`LoadTargets`, 10,000 servers": False, "the settings' list, 10,000 servers": False,
+            "loading the settings, 10,000 servers": False, "saving the settings, 10,000 servers": False,
+            "`UpdateOkButton` with 10,000 stored passwords": False,
+            "a run over 1,000 targets beside its calls, per target": True,
+            "a language library loaded and its 67 texts fetched": True,
+        }, met)
+        counters["BareCallsToServers/1000"]["calls"] = 7000
+        self.assertIs(False, logic.run_beside_its_calls(times, counters).met)
+
+
+class Page(unittest.TestCase):
+    def render(self, load=0.9):
+        measures = [counted("the program", 2, 1, "bytes"), within("a run", [1, 1], 2, "%d", "ms"),
+                    Measure("told | alone", "x")]
+        return render(MACHINE, load, [("Sizes", "`./bench.sh sizes`: of files.", measures)])
+
+    def test_it_says_how_many_goals_are_met_and_names_the_others(self):
+        self.assertIn("\nOf 2 goals 1 are met; missed: the program.\n", self.render())
+
+    def test_each_section_names_its_command_ahead_of_its_table(self):
+        self.assertIn(
+            "\n## Sizes\n\n`./bench.sh sizes`: of files.\n\n"
+            "| What | Figure | Beside it | Ratio | Goal |  |\n|---|---|---|---|---|---|\n"
+            "| the program | 2 bytes |  |  | at most 1 | MISSED |\n"
+            "| a run | 1 (1 to 1) ms |  |  | at most 2 ms | met |\n"
+            "| told \\| alone | x |  |  |  |  |\n", self.render())
+
+    def test_a_busy_computer_is_warned_of(self):
+        self.assertIn("| highest load of a minute during the run | 0.9 |", self.render())
+        self.assertNotIn("not quiet", self.render(load=1.5))
+        self.assertIn("**The computer was not quiet**: the load went up to 1.6", self.render(load=1.6))
+
+    def test_its_lines_end_as_texts_here_do(self):
+        text = self.render(load=2)
+        self.assertTrue(text.endswith("|\n"))
+        self.assertEqual([], [line for line in text.split("\n") if line != line.rstrip()])
+
+
+class WholeRun(unittest.TestCase):
+    def page_of(self, *given):
+        return bench.page_of(bench.arguments(given))
+
+    def test_only_a_whole_run_with_all_its_pairs_writes_the_page(self):
+        self.assertEqual(bench.PAGE, self.page_of(*bench.PARTS))
+        self.assertIsNone(self.page_of("logic", "process"))
+        self.assertIsNone(self.page_of("--pairs", "2", *bench.PARTS))
+        self.assertEqual(pathlib.Path("x.md"), self.page_of("--pairs", "2", "--page", "x.md", "logic"))
+
+    def test_a_single_pair_is_refused(self):
+        with contextlib.redirect_stderr(io.StringIO()), self.assertRaises(SystemExit):
+            self.page_of("--pairs", "1", "logic")
+
+
+if __name__ == "__main__":
+    unittest.main()
