@@ -3,11 +3,12 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import tempfile
 
 from driver_pipe import Driver
-from waiting import PATIENCE
+from waiting import PATIENCE, wait_until
 import windows_registry
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -172,7 +173,28 @@ class WineDesktop:
         folder = self.windows_path(self.work).removeprefix("Z:").replace("\\", "/")
         return ["env", "LC_ALL=" + name, "LOCPATH=" + folder]
 
+    def stop(self):
+        """Has Wine's server write the registry into its files and end all programs, the driver too: nothing can be
+        asked of the desktop any more."""
+        servers = [process for process in self.processes() if "wineserver" in (process / "exe").readlink().name]
+        for server in servers:
+            os.kill(int(server.name), signal.SIGTERM)
+        wait_until(lambda: not any(server.exists() for server in servers), "the end of Wine's server")
+        self._programs.clear()
+
     # Programs ---------------------------------------------------------------------------------------------
+
+    def processes(self):
+        """This computer's records (/proc/...) of all processes on the desktop's screen, Wine's own too."""
+        mark = ("DISPLAY=%s\0" % self.display).encode()
+        found = []
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                if mark in (process / "environ").read_bytes():
+                    found.append(process)
+            except OSError:
+                continue  # it has ended, or is none of ours
+        return found
 
     def windows_path(self, path):
         """The path under which Windows programs see a file or folder of `folders`."""

@@ -55,6 +55,10 @@ class Content(InstallerCase):
         self.assertLessEqual(made[".exe"].stat().st_size, LARGEST)
         self.assertEqual("Kestrelmoor-1.02.0084-setup.exe", made[".exe"].name)
 
+    def test_the_set_up_program_asks_for_an_administrator(self):
+        program = build(self.program, self.folder / "out")[".exe"].read_bytes()
+        self.assertEqual({b'level="requireAdministrator"'}, set(re.findall(rb'\blevel="\w+"', program)))
+
     def test_a_package_removes_an_older_one_ahead_of_its_own_files(self):
         package = build(self.program, self.folder / "out")[".msi"]
         order = {row[0]: int(row[2]) for row in table(package, "InstallExecuteSequence")}

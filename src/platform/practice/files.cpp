@@ -127,6 +127,7 @@ OwnedAppendFile OpenForAppending(const String& sPath) {
 
 void Append(const OwnedAppendFile& file, std::string_view bytes) {
     practice::World& world = TheWorld();
+    world.calls.Pass("Append", bytes);
     if (const auto fault = world.calls.Enter("Append"))
         RaiseForCode(*fault);
     const auto* const path =

@@ -144,6 +144,8 @@ std::uint32_t RegQueryValueData(const OwnedKey& key, const String& sName, std::v
 
 std::uint32_t RegSetValueExW(const OwnedKey& key, const String& sName, std::uint32_t nType,
                              const std::vector<std::uint8_t>& data) {
+    TheWorld().calls.Pass("RegSetValueExW",
+                          std::string_view(reinterpret_cast<const char*>(data.data()), data.size()));
     if (const auto fault = TheWorld().calls.Enter("RegSetValueExW", {sName, nType, data.size()}))
         return *fault;
     practice::RegistryKey* found = nullptr;

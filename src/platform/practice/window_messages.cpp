@@ -6,6 +6,7 @@
 #include "platform/practice/window_places.h"
 #include "platform/practice/windows.h"
 #include "platform/practice/world/world.h"
+#include "platform/shell_namespace.h"
 
 namespace kestrelmoor::platform {
 
@@ -55,8 +56,11 @@ std::intptr_t CallWindowProcW(PreviousProcedure previous, WindowHandle hWnd, std
 std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam,
                            std::intptr_t lParam) {
     TheWorld().calls.Enter("SendMessageW", {hWnd, uMsg, wParam, lParam});
-    if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd))
+    if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd)) {
+        if (uMsg == window_message::kSetText || uMsg == browse_message::kSetSelectionW)
+            TheWorld().calls.Pass("SendMessageW", StringView(reinterpret_cast<const char16_t*>(lParam)));
         return practice::SystemWindows::Answer(*window, uMsg, wParam, lParam);
+    }
     return practice::DeliverMessage(hWnd, uMsg, wParam, lParam);
 }
 

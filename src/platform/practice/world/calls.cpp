@@ -19,8 +19,19 @@ std::optional<std::uint32_t> Calls::Enter(std::string_view name,
     for (const CallArgument& argument : arguments)
         call.arguments.push_back(Shown(argument));
     mCalls.push_back(std::move(call));
+    if (Entered)
+        Entered(mCalls.back());
     RunActions(name);
     return TakeFault(name);
+}
+
+void Calls::Pass(std::string_view name, std::string_view bytes) const {
+    if (Passed)
+        Passed(name, bytes);
+}
+
+void Calls::Pass(std::string_view name, StringView text) const {
+    Pass(name, std::string_view(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)));
 }
 
 String Calls::Shown(const CallArgument& argument) {

@@ -66,6 +66,15 @@ class Calls {
     /// The mark that stands for a secret in the record; empty for a text that no call was given as one.
     String MarkOf(StringView secret) const;
 
+    /// Told of each call when it stands in the record and has done nothing yet.
+    std::function<void(const Call&)> Entered;
+
+    /// Told of what calls are given and the record does not keep, bytes as they are and texts in UTF-16: the
+    /// content of files and registry values, texts that are compared or sent to a window.
+    std::function<void(std::string_view name, std::string_view bytes)> Passed;
+    void Pass(std::string_view name, std::string_view bytes) const;
+    void Pass(std::string_view name, StringView text) const;
+
     /// Forgets the calls; faults and actions stay.
     void Clear() { mCalls.clear(); }
 

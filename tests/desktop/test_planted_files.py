@@ -1,0 +1,101 @@
+"""Files that someone has put beside the program or into the current directory, named like what it loads."""
+
+import unittest
+
+from desktop_case import DesktopCase
+from held_network import HeldNetwork
+from password_window import OK, PROGRAM, SETTINGS_BUTTON, STAND_INS, TITLE, PasswordWindow, targets
+from practice_network import program_folder
+from settings_window import ABOUT, LANGUAGES, SettingsWindow
+
+BY_NAME = ("comctl32", "netapi32", "netmsg", "ole32", "oleacc", "oleaut32", "shell32", "uxtheme")
+"""What the program loads while it runs. IMM32 and VERSION are left out: Wine's own USER32 needs both and brings them
+from the program's folder, ahead of the program's first line."""
+REFUSED = 2245
+WORDS, OTHER_WORDS = "The new password breaks", "These words are planted"
+OWN = {"moorlink.exe", "default.loc"}
+
+
+def planted_library():
+    """A library that can be loaded and has no entries; its words for the network's errors are others."""
+    library = STAND_INS["netmsg.dll"].read_bytes()
+    before, after = (words.encode("utf-16-le") for words in (WORDS, OTHER_WORDS))
+    assert before in library and len(before) == len(after)
+    return library.replace(before, after)
+
+
+class PlantedCase(DesktopCase):
+    options = {"dlls": STAND_INS, "registry": targets(["\\\\ARCHIVE"])}
+
+    def setUp(self):
+        self.program = program_folder(self.desktop)
+        self.elsewhere = self.desktop.work / "elsewhere"
+        self.elsewhere.mkdir(exist_ok=True)
+
+    def plant(self, name, content):
+        """In both folders."""
+        for folder in (self.program.parent, self.elsewhere):
+            (folder / name).write_bytes(content)
+
+    def loaded_from(self, folder, process):
+        """Names of the libraries that a program has from a folder."""
+        inside = self.desktop.windows_path(folder).lower() + "\\"
+        return {name for name, path in self.desktop.modules(process).items() if path.lower().startswith(inside)}
+
+    def assert_only_own(self, process):
+        self.assertEqual((self.loaded_from(self.program.parent, process), self.loaded_from(self.elsewhere, process)),
+                         (OWN, set()))
+
+
+class Libraries(PlantedCase):
+    def setUp(self):
+        super().setUp()
+        for name in BY_NAME:
+            self.plant(name + ".dll", planted_library())
+
+    def open(self, network):
+        process = self.desktop.start(self.program, ["/f"], cwd=self.elsewhere, variables=network.variables)
+        return PasswordWindow(self.desktop, process=process)
+
+    def test_none_is_loaded_in_place_of_the_systems(self):
+        with HeldNetwork() as network:
+            window = self.open(network)
+            window.click(SETTINGS_BUTTON)
+            settings = self.desktop.wait_window(class_name="frmSettings", pid=window.process.pid)
+            self.desktop.click(self.desktop.child(settings, ABOUT, class_name="Button"))
+            self.desktop.wait_window(class_name="frmAbout", pid=window.process.pid)
+            loaded = self.desktop.modules(window.process)
+            self.assertLessEqual({name + ".dll" for name in ("comctl32", "ole32", "oleaut32", "uxtheme")}, set(loaded))
+            self.assert_only_own(window.process)
+            for name in ("frmAbout", "frmSettings"):
+                self.desktop.press("Escape")
+                self.desktop.wait_no_window(class_name=name, pid=window.process.pid)
+
+    def test_the_words_for_the_networks_errors_are_the_systems(self):
+        with HeldNetwork() as network:
+            window = self.open(network)
+            window.fill("Old-Password-1", "New-Password-2")
+            window.click(OK)
+            for _ in range(2):
+                network.let_go(REFUSED)
+            told = " ".join(window.wait_results())
+            self.assertEqual((WORDS in told, OTHER_WORDS in told), (True, False), told)
+            self.assertIn("netapi32.dll", self.desktop.modules(window.process))
+            self.assert_only_own(window.process)
+
+
+class Languages(PlantedCase):
+    def test_one_in_the_current_directory_is_listed_and_not_loaded(self):
+        (self.elsewhere / "1035.loc").write_bytes((PROGRAM.parent / "default.loc").read_bytes())
+        settings = SettingsWindow(self.desktop, program=self.program, folder=self.elsewhere)
+        process = settings.passwords.process
+        self.assertIn("Finnish", [row.text.split(" ")[0] for row in self.desktop.rows(settings.control(LANGUAGES))])
+        self.assert_only_own(process)
+        settings.choose_language("Finnish")
+        settings.save()
+        self.assert_only_own(process)
+        self.assertEqual(settings.passwords.title(), TITLE)
+
+
+if __name__ == "__main__":
+    unittest.main()
