@@ -5,6 +5,7 @@ from waiting import wait_until
 _DIALOG = "#32770"
 _TREE = "SysTreeView32"
 _OK, _CANCEL = 1, 2
+_WM_COMMAND = 0x0111
 _TVM_GETNEXTITEM, _TVGN_ROOT = 0x110A, 0
 _TVM_SELECTITEM, _TVGN_CARET = 0x110B, 9
 
@@ -47,6 +48,11 @@ class BrowseDialog:
     def cancel(self):
         """Clicks the button and waits until the dialog is gone."""
         self._desktop.click(self._desktop.child(self.window, _CANCEL, class_name="Button"))
+        self.wait_gone()
+
+    def dismiss(self):
+        """As by Escape."""
+        self._desktop.post(self.window, _WM_COMMAND, _CANCEL)
         self.wait_gone()
 
     def wait_gone(self):

@@ -37,10 +37,28 @@ class Desktop(WineDesktop):
         """{lower-case name: path} of the libraries that a program has loaded, itself included."""
         return {name.lower(): path for name, path in self.driver.call("modules", process.pid)}
 
+    def loads(self, process):
+        """{path: how often that library has been loaded and not let go; 0 for one that stays for good}. The program
+        is at rest."""
+        return {path: int(loads) for path, loads in self.driver.call("loads", process.pid)}
+
     def handles(self, process):
         """{"windows", "gdi", "kernel"}: how many of each a program holds."""
         counts = self.driver.call("counts", process.pid)[0]
         return dict(zip(("windows", "gdi", "kernel"), map(int, counts)))
+
+    def user_handles(self):
+        """How many windows, menus, icons, hooks and the like there are, of all programs."""
+        return self.driver.number("user")
+
+    def heap_bytes(self, window):
+        """What the heaps of the program that owns the window hold: (those that are its own, the one that it shares
+        with the system's libraries)."""
+        return tuple(map(int, self.driver.call("heaps", window.handle)[0]))
+
+    def load_in(self, window, library):
+        """Lets the program that owns the window load a library."""
+        return self.driver.number("load_in", window.handle, library)
 
     # Windows ----------------------------------------------------------------------------------------------
 

@@ -103,7 +103,7 @@ void ControlWindow::PutInTabOrder() const {
 }
 
 LRESULT CALLBACK ControlWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept {
-    const ProcedureRunning running;
+    const ProcedureRunning running(window);
     return BehindDoor([&]() -> LRESULT {
         auto* const self = reinterpret_cast<ControlWindow*>(::GetWindowLongW(window, GWL_USERDATA));
         return self ? self->Process(message, wide, parameter)

@@ -179,7 +179,7 @@ void FormWindow::PlaceOnScreen() const {
 }
 
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept {
-    const ProcedureRunning running;
+    const ProcedureRunning running(window);
     return BehindDoor([&]() -> LRESULT {
         auto* const self = reinterpret_cast<FormWindow*>(::GetWindowLongW(window, GWL_USERDATA));
         return self ? self->Process(message, wide, parameter)

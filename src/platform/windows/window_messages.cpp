@@ -19,7 +19,7 @@ WindowProcedure gProcedure = nullptr;
 
 // The window must outlast the procedure in front of its own as well.
 LRESULT CALLBACK ProcedureDoor(HWND window, UINT message, WPARAM wide, LPARAM parameter) noexcept {
-    const ProcedureRunning running;
+    const ProcedureRunning running(window);
     return BehindDoor([&] {
         return static_cast<LRESULT>(
             gProcedure(reinterpret_cast<WindowHandle>(window), message, wide, parameter));

@@ -41,7 +41,13 @@ Answer StartProgram(const Arguments&); ///< (command line, folder, file for its 
 Answer WaitForExit(const Arguments&);  ///< (pid, milliseconds) exit code, or no record while it runs
 Answer EndProcess(const Arguments&);   ///< (pid)
 Answer ListModules(const Arguments&);  ///< (pid) name, path
+Answer ListLoads(const Arguments&);    ///< (pid) path, how often loaded and not let go; 0: it stays for good
 Answer CountObjects(const Arguments&); ///< (pid) windows, GDI objects, kernel handles
+Answer CountUser(const Arguments&);    ///< () windows, menus, icons, hooks and the like of the whole session
+
+// heaps.cpp
+Answer MeasureHeaps(const Arguments&);  ///< (window of the program) bytes in its own heaps, in the common one
+Answer LoadInProgram(const Arguments&); ///< (window of the program, library) its module there
 
 // layout.cpp
 Answer FindLayoutFaults(const Arguments&); ///< (window) kind, handle, other handle or 0, explanation

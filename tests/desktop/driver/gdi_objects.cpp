@@ -23,6 +23,8 @@ struct TableEntry {
 };
 static_assert(sizeof(TableEntry) == 24);
 
+} // namespace
+
 void* EnvironmentBlock(HANDLE process) {
     using Query = NTSTATUS(NTAPI*)(HANDLE, PROCESSINFOCLASS, void*, ULONG, ULONG*);
     const auto query = reinterpret_cast<Query>(
@@ -33,8 +35,6 @@ void* EnvironmentBlock(HANDLE process) {
         throw std::runtime_error("the process tells nothing of itself");
     return information.PebBaseAddress;
 }
-
-} // namespace
 
 long long CountGdiObjects(HANDLE process) {
     const char* block = static_cast<const char*>(EnvironmentBlock(process));

@@ -163,6 +163,14 @@ Answer ListModules(const Arguments& arguments) {
     return answer;
 }
 
+Answer ListLoads(const Arguments& arguments) {
+    HANDLE process = StartedProcess(arguments);
+    Answer answer;
+    for (const auto& [module, count] : LoadCounts(process))
+        answer.push_back(Record().Add(ModulePath(process, module)).Add(count));
+    return answer;
+}
+
 Answer CountObjects(const Arguments& arguments) {
     HANDLE process = StartedProcess(arguments);
     const DWORD identifier = arguments.Number(0);
@@ -170,6 +178,10 @@ Answer CountObjects(const Arguments& arguments) {
                 .Add(CountWindows(identifier))
                 .Add(CountGdiObjects(process))
                 .Add(CountKernelHandles(identifier))};
+}
+
+Answer CountUser(const Arguments&) {
+    return {Record().Add(CountUserHandles())};
 }
 
 } // namespace kestrelmoor::driver

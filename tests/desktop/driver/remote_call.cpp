@@ -130,6 +130,9 @@ class Caller {
     }
 
     DWORD BlockAddress() const { return mMemory.Address(offsetof(CallFrame, block)); }
+    void WriteBlock(std::span<const unsigned char> block) {
+        mMemory.Write(offsetof(CallFrame, block), block.data(), block.size());
+    }
     void ReadBlock(std::span<unsigned char> block) const {
         mMemory.Read(offsetof(CallFrame, block), block.data(), block.size());
     }
@@ -209,6 +212,7 @@ DWORD OpenedProcess::CallWithBlock(const wchar_t* module, const char* function, 
         throw std::invalid_argument("too large a block for a call in another process");
     Caller& caller = CallerIn(mProcess);
     arguments.push_back(caller.BlockAddress());
+    caller.WriteBlock(block);
     const DWORD result = Call(module, function, arguments);
     caller.ReadBlock(block);
     return result;
