@@ -1,6 +1,7 @@
-"""Whether a built Moorlink.exe can start on the oldest system and is as small and closed as it should be.
+"""Whether a built Moorlink.exe can start on the oldest system and is as small and closed as it should be, and
+its language libraries too.
 
-    imports.py [Moorlink.exe]
+    imports.py [Moorlink.exe or library]...
 
 Prints one line per fault; the exit code tells whether there was one. `imports_allowed.txt` lists the entries
 that the program may import statically. A name goes in there only after a look at what the oldest system's
@@ -8,16 +9,20 @@ library exports; anything newer is bound by name at its first call.
 """
 
 import pathlib
-import re
-import struct
-import subprocess
 import sys
+
+import pefile
 
 HERE = pathlib.Path(__file__).resolve().parent
 PROGRAM = HERE.parent.parent / "out" / "windows" / "program" / "Moorlink.exe"
 LONGEST = 512000
 OLDEST_SUBSYSTEM = (4, 0)
-EXECUTE, WRITE = 0x20000000, 0x80000000
+LIBRARY_IMPORTS = {
+    "KERNEL32.DLL": {"GetProcessHeap", "HeapAlloc", "HeapFree"},
+    "OLEAUT32.DLL": {"SafeArrayCreateVector", "SysAllocStringLen"},
+}
+"""What a language library may import: memory, and the texts that it hands out."""
+RELOCATIONS = pefile.DIRECTORY_ENTRY["IMAGE_DIRECTORY_ENTRY_BASERELOC"]
 
 
 def allowed_imports():
@@ -33,36 +38,12 @@ def allowed_imports():
 
 def imports(program):
     """(library, entry) for every static import; an import by number has that number as its entry."""
-    text = subprocess.run(["i686-w64-mingw32-objdump", "-p", str(program)], check=True, capture_output=True,
-                          text=True).stdout
-    library = None
-    for line in text.splitlines():
-        named = re.match(r"\s*DLL Name: (\S+)", line)
-        entry = re.match(r"\t[0-9a-f]+\s+(\d+)\s+(\S+)", line)
-        if named:
-            library = named[1].upper()
-        elif entry and library:
-            yield library, entry[2]
-        elif line and not line[0].isspace():
-            library = None
+    for library in getattr(pefile.PE(str(program)), "DIRECTORY_ENTRY_IMPORT", []):
+        for entry in library.imports:
+            yield library.dll.decode("ascii").upper(), entry.name.decode("ascii") if entry.name else str(entry.ordinal)
 
 
-def headers(image):
-    """(time of the build, version of the subsystem, [(name, characteristics) of each section])"""
-    start, = struct.unpack_from("<I", image, 0x3C)
-    count, = struct.unpack_from("<H", image, start + 6)
-    time, = struct.unpack_from("<I", image, start + 8)
-    optional_size, = struct.unpack_from("<H", image, start + 20)
-    optional = start + 24
-    sections = []
-    for place in range(optional + optional_size, optional + optional_size + 40 * count, 40):
-        name = image[place:place + 8].rstrip(b"\0").decode("ascii")
-        sections.append((name, *struct.unpack_from("<I", image, place + 36)))
-    return time, struct.unpack_from("<HH", image, optional + 48), sections
-
-
-def faults(program):
-    allowed = allowed_imports()
+def import_faults(program, allowed):
     found = list(imports(program))
     if not found:
         yield "no imports could be read"
@@ -71,24 +52,48 @@ def faults(program):
             yield "imports from %s: %s" % (library, entry)
         elif entry not in allowed[library]:
             yield "imports %s from %s, which is not on the list" % (entry, library)
-    image = program.read_bytes()
-    if len(image) > LONGEST:
-        yield "has %d bytes, more than %d" % (len(image), LONGEST)
-    time, subsystem, sections = headers(image)
-    if time != 0:
+
+
+def protection_faults(image):
+    """What keeps an attacker's bytes from being run, or the image from lying where nobody can foresee it."""
+    characteristics = image.OPTIONAL_HEADER
+    if not characteristics.IMAGE_DLLCHARACTERISTICS_NX_COMPAT:
+        yield "lets its data be run"
+    if not characteristics.IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE:
+        yield "lies at a fixed address"
+    if image.FILE_HEADER.IMAGE_FILE_RELOCS_STRIPPED or not characteristics.DATA_DIRECTORY[RELOCATIONS].Size:
+        yield "can't be moved from its address"
+    for section in image.sections:
+        if section.IMAGE_SCN_MEM_EXECUTE and section.IMAGE_SCN_MEM_WRITE:
+            yield "section %s can be written and run" % section.Name.rstrip(b"\0").decode("ascii")
+
+
+def faults(program):
+    yield from import_faults(program, allowed_imports())
+    image = pefile.PE(str(program), fast_load=True)
+    yield from protection_faults(image)
+    size = program.stat().st_size
+    if size > LONGEST:
+        yield "has %d bytes, more than %d" % (size, LONGEST)
+    if image.FILE_HEADER.TimeDateStamp != 0:
         yield "bears the time of its build, so that no two builds are the same"
+    subsystem = image.OPTIONAL_HEADER.MajorSubsystemVersion, image.OPTIONAL_HEADER.MinorSubsystemVersion
     if subsystem != OLDEST_SUBSYSTEM:
         yield "asks for version %d.%d of the system" % subsystem
-    for name, characteristics in sections:
-        if characteristics & EXECUTE and characteristics & WRITE:
-            yield "section %s can be written and run" % name
+
+
+def library_faults(library):
+    yield from import_faults(library, LIBRARY_IMPORTS)
+    yield from protection_faults(pefile.PE(str(library), fast_load=True))
 
 
 def main():
-    program = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else PROGRAM
-    found = ["%s %s" % (program.name, fault) for fault in faults(program)]
-    print("\n".join(found) if found else "%s: %d bytes, imports as allowed" % (program.name, program.stat().st_size))
-    return 1 if found else 0
+    code = 0
+    for path in map(pathlib.Path, sys.argv[1:] or [PROGRAM]):
+        found = list(library_faults(path) if path.suffix == ".loc" else faults(path))
+        print("\n".join("%s %s" % (path.name, fault) for fault in found) or "%s: as it should be" % path.name)
+        code = 1 if found else code
+    return code
 
 
 if __name__ == "__main__":

@@ -41,8 +41,8 @@ constexpr int kRightButton = 2;
 constexpr int kMiddleButton = 4;
 
 int ButtonsOf(WPARAM keys) {
-    return (keys & MK_LBUTTON ? kLeftButton : 0) | (keys & MK_RBUTTON ? kRightButton : 0) |
-           (keys & MK_MBUTTON ? kMiddleButton : 0);
+    return ((keys & MK_LBUTTON) != 0 ? kLeftButton : 0) | ((keys & MK_RBUTTON) != 0 ? kRightButton : 0) |
+           ((keys & MK_MBUTTON) != 0 ? kMiddleButton : 0);
 }
 
 int ButtonOf(UINT message) {

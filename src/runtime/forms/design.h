@@ -40,8 +40,8 @@ enum class ListStyle { Plain, CheckBoxes };
 enum class ScrollBars { None, Vertical };
 
 /// One control as designed. A form's design is a table of these, in the order in which its controls are
-/// walked. What is left out has the value that most controls have.
-struct ControlDesign {
+/// walked. What is left out has the value that most controls have; the first two can't be left out.
+struct ControlDesign { // NOLINT(cppcoreguidelines-pro-type-member-init): a forgotten one stops the compiler
     const char16_t* name;
     ControlKind kind;
     int tab_index = -1;                  ///< -1: not in the tab order (timers, lines, shapes)

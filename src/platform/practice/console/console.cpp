@@ -17,6 +17,10 @@ struct CommandError {
     std::string what;
 };
 
+[[noreturn]] void Refuse(const std::string& what) {
+    throw CommandError{what};
+}
+
 std::optional<int> WholeNumber(std::string_view text) {
     int number = 0;
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -114,10 +118,6 @@ void Console::CarryOut(const std::string& line) {
         return;
     }
     Refuse("\"" + name + "\" is no command; help lists them");
-}
-
-void Console::Refuse(const std::string& what) const {
-    throw CommandError{what};
 }
 
 Form& Console::OpenForm() const {

@@ -40,7 +40,6 @@ class Console {
     static const Command kCommands[];
 
     void CarryOut(const std::string& line);
-    [[noreturn]] void Refuse(const std::string& what) const;
 
     Form& OpenForm() const;
     BrowseDialog& OpenBrowse() const;
