@@ -1,6 +1,7 @@
 """The password window of Moorlink.exe as a person uses it: filled in by keys, clicked by mouse, read from outside."""
 
 from desktop import OUT
+from practice_network import Accounts
 from records import Rectangle
 from waiting import wait_until
 
@@ -17,6 +18,7 @@ LB_GETITEMHEIGHT = 0x01A1
 TITLE = "Change Password"
 TITLE_DURING = "Changing Password"
 TITLE_AFTER = "Password Change Results"
+CHANGED = ": The password has been changed."
 PATIENCE = 30.0
 """Seconds that a change on a real server may take."""
 
@@ -31,12 +33,15 @@ def targets(names):
 
 
 class PasswordWindow:
-    """An open window; `process` is given where the program runs already."""
+    """An open window; `process` is given where the program runs already. What a run tells as changed on the
+    practice network is held against its accounts."""
 
     def __init__(self, desktop, arguments=(), program=PROGRAM, variables=None, process=None):
         self.desktop = desktop
         self.process = process or desktop.start(program, ["/f", *arguments], variables=variables)
         self.window = desktop.wait_window(class_name="frmPass", pid=self.process.pid)
+        self._accounts_before = Accounts.behind(self.process)
+        self._new = None
 
     def control(self, identifier):
         return self.desktop.child(self.window, identifier)
@@ -57,6 +62,7 @@ class PasswordWindow:
             self.desktop.wait_focus(self.window, identifier)
             self.desktop.type(words)
             self.wait_length(identifier, len(words.encode("utf-16-le")) // 2)
+        self._new = new
 
     def length(self, identifier):
         """In UTF-16 units. A box with a mask gives its text to nobody else, but its length (WM_GETTEXTLENGTH)."""
@@ -113,6 +119,7 @@ class PasswordWindow:
             self.desktop.wait_focus(self.window, identifier)
             self.desktop.type(words)
             self.wait_length(identifier, len(words.encode("utf-16-le")) // 2)
+        self._new = words
 
     def click(self, identifier):
         self.desktop.click(self.control(identifier))
@@ -123,9 +130,24 @@ class PasswordWindow:
         self.click(OK)
         return self.wait_results()
 
-    def wait_results(self):
-        wait_until(lambda: self.title() == TITLE_AFTER, "the results", PATIENCE)
-        return self.paragraphs()
+    def wait_results(self, timeout=PATIENCE):
+        wait_until(lambda: self.title() == TITLE_AFTER, "the results", timeout)
+        paragraphs = self.paragraphs()
+        self._prove(paragraphs)
+        return paragraphs
+
+    def _prove(self, paragraphs):
+        """On each target that is told as changed the old password no longer lets in, and the one that was typed
+        here does."""
+        accounts = Accounts.behind(self.process)
+        if accounts is None:
+            return
+        for target in (words.removesuffix(CHANGED) for words in paragraphs if words.endswith(CHANGED)):
+            password = accounts.password(target)
+            if password == self._accounts_before.password(target):
+                raise AssertionError("%s is told as changed, and the old password still lets in" % target)
+            if self._new not in (None, password):
+                raise AssertionError("%s is told as changed, and the new password does not let in" % target)
 
     def paragraphs(self):
         return self.text(STATUS).split("\r\n\r\n")

@@ -11,17 +11,21 @@ OLD = "Old-Password-1"
 """The user's password on every computer and in every domain of the stock world."""
 
 
+_FILE = "world.json"
+_VARIABLE = "KESTRELMOOR_WORLD"
+
+
 class PracticeNetwork:
     """A copy of the stock world in the desktop's work folder."""
 
     def __init__(self, desktop, change=None):
-        self.path = desktop.work / "world.json"
+        self.path = desktop.work / _FILE
         shutil.copy(STOCK, self.path)
         if change:
             world = self.read()
             change(world)
             self.path.write_text(json.dumps(world), encoding="utf-8")
-        self.variables = {"KESTRELMOOR_WORLD": desktop.windows_path(self.path)}
+        self.variables = {_VARIABLE: desktop.windows_path(self.path)}
 
     def read(self):
         return json.loads(self.path.read_text(encoding="utf-8"))
@@ -34,6 +38,34 @@ class PracticeNetwork:
     def passwords(self):
         """{name of computer or domain: the user's password}"""
         return {name: place["accounts"][0]["password"] for name, place in self.places().items()}
+
+
+class Accounts:
+    """What lets the user in on the practice network behind a program, by every name of a target."""
+
+    def __init__(self, world):
+        network = world["network"]
+        self._places = {place["name"]: place for place in network["computers"]}
+        self.local = self._places[network["local_computer"]]
+        for domain in network["domains"]:
+            names = [domain["name"], domain["dns_name"]]
+            for controller in domain["controllers"]:
+                names += [controller["name"], controller["dns_name"]]
+            self._places.update(dict.fromkeys(names, domain))
+        self._places = {name.lower(): place for name, place in self._places.items()}
+
+    @classmethod
+    def behind(cls, process):
+        """None where the program has another network."""
+        path = process.desktop.work / _FILE
+        if process.variables.get(_VARIABLE) != process.desktop.windows_path(path):
+            return None
+        return cls(json.loads(path.read_text(encoding="utf-8")))
+
+    def password(self, target):
+        """`target` as the password window names it: the local computer begins with a blank."""
+        place = self.local if target.startswith(" ") else self._places[target.removeprefix("\\\\").lower()]
+        return place["accounts"][0]["password"]
 
 
 def program_folder(desktop, **files):

@@ -32,11 +32,12 @@ def wine_kind():
 
 
 class Process:
-    """A program that the desktop started."""
+    """A program that the desktop started; `variables` are those that it was given."""
 
-    def __init__(self, desktop, pid, output):
+    def __init__(self, desktop, pid, output, variables):
         self.desktop = desktop
         self.pid = pid
+        self.variables = variables
         self._output = output
 
     def exit_code(self):
@@ -222,7 +223,7 @@ class WineDesktop:
         extra = ["%s=%s" % pair for pair in (variables or {}).items()]
         output = self._outputs / ("%d.txt" % len(list(self._outputs.iterdir())))
         pid = self.driver.number("start", line, folder, self.windows_path(output), *extra)
-        program = Process(self, pid, output)
+        program = Process(self, pid, output, {**self.variables, **(variables or {})})
         self._programs.append(program)
         return program
 

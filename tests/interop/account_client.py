@@ -1,4 +1,4 @@
-"""One account call to the server on 127.0.0.1, by Samba's own client library.
+"""One account call to the server at the request's "address", by Samba's own client library.
 
 Run inside a server's network, with the request as one JSON line on standard input, so that a password is on
 no command line. Prints one JSON line: {"status": <NT status>} and, for a query that succeeded, "value".
@@ -42,10 +42,11 @@ _UF_SCRIPT = 0x0001
 _UF_PASSWD_CANT_CHANGE = 0x0040
 
 
-def connect(user=None, password=None):
-    """A connection to the account service, as the given user or as nobody."""
+def connect(address, user=None, password=None):
+    """A connection to the account service, as the given user or as nobody. The library gives up when an
+    answer takes a minute."""
     try:
-        socket.create_connection(("127.0.0.1", 445), timeout=10).close()
+        socket.create_connection((address, 445), timeout=10).close()
     except OSError as error:
         raise NTSTATUSError(STATUS_BAD_NETWORK_PATH, str(error)) from error
     settings = param.LoadParm()
@@ -57,7 +58,7 @@ def connect(user=None, password=None):
         credentials.set_username(user)
         credentials.set_password(password)
         credentials.set_domain("")
-    return samr.samr("ncacn_np:127.0.0.1", settings, credentials)
+    return samr.samr(f"ncacn_np:{address}", settings, credentials)
 
 
 def text(value):
@@ -66,11 +67,15 @@ def text(value):
     return result
 
 
-def check_old_password(user, password):
+def log_on(request):
+    connect(request["address"], request["user"], request["password"])
+
+
+def check_old_password(address, user, password):
     """Raises where the account can't log on for another reason than that its password must be changed. The
     change itself is no test of that: the server grants it to a disabled account."""
     try:
-        connect(user, password)
+        connect(address, user, password)
     except NTSTATUSError as error:
         status = error.args[0] & 0xFFFFFFFF
         if status == STATUS_LOGON_FAILURE:
@@ -80,7 +85,8 @@ def check_old_password(user, password):
 
 
 def change_password(request):
-    check_old_password(request["user"], request["old"])
+    address = request["address"]
+    check_old_password(address, request["user"], request["old"])
     old = request["old"].encode("utf-16-le")
     new = request["new"].encode("utf-16-le")
     if len(new) > 512:
@@ -92,10 +98,10 @@ def change_password(request):
     verifier = samr.Password()
     verifier.hash = list(des_crypt_blob_16(old_hash, new_hash[:14]))
     # As nobody: an account whose password must be changed can't log on first.
-    service = connect()
+    service = connect(address)
     try:
         service.ChangePasswordUser3(
-            text("\\\\127.0.0.1"), text(request["user"]), record, verifier, 0, None, None, None
+            text(f"\\\\{address}"), text(request["user"]), record, verifier, 0, None, None, None
         )
     except NTSTATUSError as error:
         # A stand-alone server's word for a change that comes too soon.
@@ -112,7 +118,7 @@ def open_domain(service):
 
 
 def user_info(request):
-    service = connect(request["session_user"], request["session_password"])
+    service = connect(request["address"], request["session_user"], request["session_password"])
     domain = open_domain(service)
     ids, _ = service.LookupNames(domain, [text(request["user"])])
     user = service.OpenUser(domain, MAXIMUM_ALLOWED, ids.ids[0])
@@ -138,7 +144,7 @@ def seconds(span):
 
 
 def modals(request):
-    service = connect(request["session_user"], request["session_password"])
+    service = connect(request["address"], request["session_user"], request["session_password"])
     info = service.QueryDomainInfo(open_domain(service), 1)
     return {
         "min_passwd_len": info.min_password_length,
@@ -148,7 +154,12 @@ def modals(request):
 
 def main():
     request = json.loads(sys.stdin.readline())
-    operation = {"change_password": change_password, "user_info": user_info, "modals": modals}
+    operation = {
+        "log_on": log_on,
+        "change_password": change_password,
+        "user_info": user_info,
+        "modals": modals,
+    }
     try:
         value = operation[request["operation"]](request)
         answer = {"status": 0, "value": value}

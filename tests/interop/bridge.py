@@ -6,7 +6,7 @@ answer one JSON line with "code", the API's return value, and what a call that s
     {"call": "NetUserChangePassword", "domainname": "\\\\\\\\DC1", "username": null,
      "oldpassword": "...", "newpassword": "..."}          ->  {"code": 86}
 
-Passwords stay in memory: they are in no file, on no command line and not in `record`.
+Passwords stay in memory: they are in `changes`, but in no file, on no command line and not in `record`.
 
 Run by itself it makes the servers too, prints the place where it listens and then every call, and takes all
 of it down when its standard input ends.
@@ -16,6 +16,7 @@ import json
 import socketserver
 import sys
 import threading
+from typing import NamedTuple
 
 import windows_codes as codes
 from directory import Directory
@@ -31,9 +32,20 @@ _SUPPORTED_LEVEL = {
 }
 
 
+class Change(NamedTuple):
+    """A change that a server was asked for, and the code that its caller was given."""
+
+    server: object
+    user: str
+    old: str
+    new: str
+    code: int
+
+
 class Bridge:
     """`address` is where it listens; `record` holds the calls so far, each with its "code", and `told` is
-    called with each.
+    called with each. `changes` holds what was asked of servers. A computer's name (in lower case, without
+    backslashes) that stands in `misnamed` leads to the server given there.
 
     The program's user is logged on as `user_name` at `computer_name`, which is in no domain. On each server
     the session has the password that the server began with, or the last one that came over the bridge.
@@ -41,6 +53,8 @@ class Bridge:
 
     def __init__(self, network, user_name=USER, computer_name="DESK1", workgroup="WORKGROUP", told=None):
         self.record = []
+        self.changes = []
+        self.misnamed = {}
         self._told = told or (lambda call: None)
         self._network = network
         self._user_name = user_name
@@ -85,11 +99,13 @@ class Bridge:
     def server_of_place(self, place):
         """The server that holds the accounts of a computer or domain; None for an unknown name."""
         if place.lower() in self._network.controller.domain_names:
-            return self._network.controller
+            return self._server(self._network.controller.name)
         return self._server(place)
 
     def _server(self, name):
         wanted = (name or self._computer_name).removeprefix("\\\\").lower()
+        if wanted in self.misnamed:
+            return self.misnamed[wanted]
         return next((server for server in self._network.servers if wanted in server.names), None)
 
     def query(self, server, operation, **arguments):
@@ -108,7 +124,8 @@ class Bridge:
         answer = server.call("change_password", user=user, old=old, new=new)
         if answer["status"] == 0 and user == self._user_name:
             self._session_passwords[server.name] = new
-        return {"code": codes.code_of_status(answer["status"])}
+        self.changes.append(Change(server, user, old, new, codes.code_of_status(answer["status"])))
+        return {"code": self.changes[-1].code}
 
     def _change_own_password(self, request):
         old, new = request["oldpassword"], request["newpassword"]

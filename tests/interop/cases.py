@@ -10,6 +10,10 @@ from functools import cache
 from bridge import Bridge
 from enclosure import obstacle
 from servers import USER, Network
+from windows_codes import ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT
+
+BROKEN_OFF = (ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT)
+"""Codes of a connection that ended, or fell silent, ahead of an answer."""
 
 
 @cache
@@ -28,7 +32,9 @@ def fresh():
 
 
 class BridgeCase(unittest.TestCase):
-    """A test with `network` and a `bridge` to it, that finds each account with its first password."""
+    """A test with `network` and a `bridge` to it, that finds each account with its first password. At its end
+    every change that went over the bridge is held against what the servers let in: who sets a password in
+    another way after such a change puts the last one back."""
 
     @classmethod
     def setUpClass(cls):
@@ -41,6 +47,29 @@ class BridgeCase(unittest.TestCase):
         for server in self.network.servers:
             server.set_password(USER, server.first_password)
         self.bridge = self.enterContext(Bridge(self.network))
+        # Comes behind all that a test puts back at its end: accounts are open and servers run again.
+        self.addCleanup(self._prove_changes)
+
+    def _prove_changes(self):
+        for server, user in {(change.server, change.user) for change in self.bridge.changes}:
+            asked = [change for change in self.bridge.changes if (change.server, change.user) == (server, user)]
+            with self.subTest("what the servers let in at the end", server=server.name):
+                self._prove_changes_of(server, user, asked)
+
+    def _prove_changes_of(self, server, user, asked):
+        """What was told as changed lets in with the new password, and no longer with an earlier one; what was
+        told as refused doesn't let in with the refused one. A change that broke off may have been made: then
+        either of two passwords lets in, and not both."""
+        done = [change for change in asked if change.code == 0]
+        if done:
+            behind = asked[asked.index(done[-1]) + 1:]
+            held = {done[-1].new} | {change.new for change in behind if change.code in BROKEN_OFF}
+            self.assertEqual([server.log_on(user, new) for new in held].count(True), 1, "the new password")
+            for old in {change.old for change in done} - held:
+                self.assertFalse(server.log_on(user, old), "an old password")
+        taken = {change.new for change in asked if change.code in (0, *BROKEN_OFF)}
+        for new in {change.new for change in asked} - taken - {server.first_password}:
+            self.assertFalse(server.log_on(user, new), "a refused password")
 
     def send(self, call, **arguments):
         """What the bridge answers over its socket."""

@@ -96,6 +96,17 @@ class Enclosure:
         self._spawned.append(program)
         return program
 
+    def open(self, argv):
+        """Starts a caller from outside with pipes for its input and output; whoever asks for it ends it."""
+        return subprocess.Popen(
+            self._enter(argv, network_only=True),
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            encoding="utf-8",
+            cwd="/",
+            start_new_session=True,
+        )
+
     def close(self):
         self._keeper.stdin.close()
         try:

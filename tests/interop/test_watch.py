@@ -67,7 +67,7 @@ class WatchedServers(BridgeCase):
         self.assertTrue(any(re.fullmatch(pattern, line) for line in self.lines()), self.lines())
 
     def question(self, process):
-        return self.desktop.box(pid=process.pid)
+        return self.desktop.box(pid=process.pid, timeout=PATIENCE)
 
     def assert_silent(self):
         """The program ends and no window of any kind was ever on the screen."""

@@ -1,5 +1,6 @@
 #include "platform/network_management.h"
 
+#include "platform/practice/world/password_changes.h"
 #include "platform/practice/world/world.h"
 #include "runtime/errors.h"
 
@@ -74,7 +75,11 @@ NetStatus NetUserChangePassword(const String& sServer, const String& sOldPass, c
     AccountStore* const store = network.StoreAt(sServer);
     if (!store)
         return network_code::kBadNetPath;
-    return store->ChangePassword(network.user.name, sOldPass, sNewPass, TheWorld().clock.Now());
+    const practice::Moment now = TheWorld().clock.Now();
+    const NetStatus status = store->ChangePassword(network.user.name, sOldPass, sNewPass, now);
+    if (status == network_code::kSuccess)
+        practice::WatcherOfPasswordChanges()(network, now, {sServer, network.user.name, sOldPass, sNewPass});
+    return status;
 }
 
 NetStatus NetUserGetInfo(const String& sServer, const String& sUser, UserInfo3& info) {

@@ -2,8 +2,11 @@
 
 #include "localization/language_resolution.h"
 #include "platform/form_peer.h"
+#include "platform/practice/world/log_on.h"
 #include "shell/Main.h"
+#include "tests/native/support/password_changes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kestrelmoor::tests {
@@ -102,7 +105,26 @@ void PasswordWindow::TypePasswords(StringView old_password, StringView new_passw
 }
 
 void PasswordWindow::ClickOk() {
+    const String new_password = Box(u"txtNewPass").Text();
     ASSERT_TRUE(user.ClickOn(At(u"cmdOK")));
+    const auto& faults = world.calls.Faults();
+    const bool told_in_advance = std::any_of(faults.begin(), faults.end(), [](const practice::Fault& fault) {
+        return fault.name == "NetUserChangePassword" && fault.code == 0;
+    });
+    if (!told_in_advance && Box(u"txtNewPass").Text() == new_password)
+        ProveReport(new_password);
+}
+
+void PasswordWindow::ProveReport(const String& new_password) {
+    const std::string paragraphs = "\r\n\r\n" + Status();
+    for (const std::string& target : Targets()) {
+        if (paragraphs.find("\r\n\r\n" + target + ": The password has been changed.") == std::string::npos)
+            continue;
+        auto* const accounts =
+            AccountsOf(world.network, target.starts_with(' ') ? String() : FromUtf8(target));
+        ASSERT_NE(accounts, nullptr) << target;
+        EXPECT_EQ(practice::LogOn(*accounts, u"user", new_password, world.clock.Now()), 0U) << target;
+    }
 }
 
 void PasswordWindow::Run(StringView old_password, StringView new_password) {

@@ -56,6 +56,8 @@ class PasswordWindow : public ProgramTest {
     /// Fills the three boxes of the single mode.
     void TypePasswords(StringView old_password, StringView new_password);
 
+    /// A click on the button, and the proof of what the run reports: where the network answered it, each
+    /// target that is told as changed lets in with the new password.
     void ClickOk();
 
     /// Opens the window and makes a whole run in the single mode.
@@ -74,6 +76,8 @@ class PasswordWindow : public ProgramTest {
     std::shared_ptr<frmPass> form;
 
   private:
+    void ProveReport(const String& new_password);
+
     void (*mShowSettings)(Form& owner) = ShowSettings;
 };
 

@@ -1,4 +1,5 @@
 #include "platform/network_management.h"
+#include "platform/practice/world/log_on.h"
 #include "platform/practice/world/world.h"
 #include "runtime/errors.h"
 
@@ -107,6 +108,29 @@ TEST(PracticeAccounts, PasswordExpiresByAgeUnlessItNeverDoes) {
     EXPECT_TRUE(store.Expired(store.accounts[0], kNow + practice::kSecond));
     store.accounts[0].password_never_expires = true;
     EXPECT_FALSE(store.Expired(store.accounts[0], kNow + practice::kSecond));
+}
+
+TEST(PracticeAccounts, LogOnTakesThePresentPasswordAloneAsItIsSpelt) {
+    AccountStore store = StoreWithUser();
+    EXPECT_EQ(LogOn(store, u"USER", u"First-Word-1", kNow), 0U);
+    EXPECT_EQ(LogOn(store, u"user", u"first-word-1", kNow), 1326U);
+    EXPECT_EQ(LogOn(store, u"nobody", u"First-Word-1", kNow), 1326U);
+    Change(store, u"First-Word-1", u"Second");
+    EXPECT_EQ(LogOn(store, u"user", u"Second", kNow), 0U);
+    EXPECT_EQ(LogOn(store, u"user", u"First-Word-1", kNow), 1326U);
+}
+
+TEST(PracticeAccounts, LogOnTellsOfAnAccountThatIsClosedOnlyToTheRightPassword) {
+    AccountStore store = StoreWithUser();
+    store.policy.max_age = 5 * 86400;
+    EXPECT_EQ(LogOn(store, u"user", u"First-Word-1", kNow), 1330U);
+    store.accounts[0].password_expired = true;
+    EXPECT_EQ(LogOn(store, u"user", u"First-Word-1", kNow), 1907U);
+    store.accounts[0].disabled = true;
+    EXPECT_EQ(LogOn(store, u"user", u"First-Word-1", kNow), 1331U);
+    EXPECT_EQ(LogOn(store, u"user", u"wrong", kNow), 1326U);
+    store.accounts[0].locked = true;
+    EXPECT_EQ(LogOn(store, u"user", u"wrong", kNow), 1909U);
 }
 
 TEST(PracticeAccounts, FlagsAreThoseOfTheNetwork) {

@@ -2,6 +2,7 @@
 
 #include "platform/practice/world/names.h"
 #include "platform/practice/world/network.h"
+#include "platform/practice/world/password_changes.h"
 
 #include <algorithm>
 
@@ -107,6 +108,7 @@ void ChangeDirectoryPassword(Network& network, Moment now, const DirectoryUser& 
         StoreOf(network, user.name).ChangePassword(user.user, old_password, new_password, now);
     if (code != network_code::kSuccess)
         FailWith(code);
+    WatcherOfPasswordChanges()(network, now, {user.name, user.user, old_password, new_password});
 }
 
 } // namespace kestrelmoor::practice
