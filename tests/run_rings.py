@@ -71,8 +71,15 @@ def python_tests(folder):
     return runner("/usr/bin/python3", "tests/run_folder.py", folder)
 
 
+def fuzzers():
+    """Each of them for a moment."""
+    if not build("fuzz", "fuzzers"):
+        return 0, 1, 0
+    return runner("/usr/bin/python3", "tests/fuzz/run.py", "short")()
+
+
 SUITES = {
-    "native": [google_tests, python_tests("tests/languages"), python_tests("tests/help"),
+    "native": [google_tests, fuzzers, python_tests("tests/languages"), python_tests("tests/help"),
                python_tests("tests/installer"),
                python_tests("tests/lint")],
     "desktop": [runner("bash", "tests/desktop/run.sh")],

@@ -12,6 +12,8 @@ DENSE_TO = 100_000
 SPARSE_TO = 2_000_000
 SPARSE_STEP = 101  # shares no factor with the period, so that every remainder comes up
 LARGEST = 2**31
+MOST_FORMS = 10
+"""More than any language is known to have; a .po file's parser reads one digit."""
 
 
 def parse(header):
@@ -19,6 +21,8 @@ def parse(header):
     match = re.fullmatch(r"\s*nplurals\s*=\s*([0-9]+)\s*;\s*plural\s*=\s*(.+?)\s*;?\s*", header)
     if not match:
         raise ValueError("Plural-Forms is not of the form 'nplurals=2; plural=(n != 1);'")
+    if len(match[1]) > 3 or int(match[1]) > MOST_FORMS:
+        raise ValueError(f"nplurals is {match[1]}, but a language has {MOST_FORMS} forms at most")
     return int(match[1]), gettext.c2py(match[2])
 
 
@@ -41,9 +45,15 @@ def _probes():
 def make(form_count, rule):
     """Returns the table as bytes; raises ValueError for a rule that the table can't tell."""
     try:
-        table = [rule(count) for count in range(TABLE_SIZE)]
+        return _table(form_count, rule)
     except ZeroDivisionError:
         raise ValueError("the plural rule divides by zero") from None
+
+
+def _table(form_count, rule):
+    table = [rule(count) for count in range(TABLE_SIZE)]
+    if min(table) < 0:
+        raise ValueError(f"the plural rule gives form {min(table)}, but forms count from 0")
     if max(table) >= form_count:
         raise ValueError(f"the plural rule gives form {max(table)}, but nplurals is {form_count}")
     for count in _probes():

@@ -11,6 +11,9 @@ import text_area
 
 EMPTY_ON_PURPOSE = "(none)"
 SOURCE_LANGUAGE = "en"
+ODD_LINE_ENDS = re.compile("[\x0b\x0c\x1c-\x1e\x85\u2028\u2029]")
+"""Where the parser ends a line and an editor does not."""
+CONTROLS = re.compile("[\x00-\x1f\x7f-\x9f\u2028\u2029]+")
 BYTE = "[0-9]|[1-9][0-9]|1[0-9][0-9]|2[0-4][0-9]|25[0-5]"
 
 
@@ -82,7 +85,8 @@ class _Reader:
         self.is_english = False
 
     def complain(self, line, text):
-        self.problems.append(f"{self.path}:{line}: {text}")
+        """What the file holds may stand in the text, but a complaint stays one line."""
+        self.problems.append(f"{self.path}:{line}: {CONTROLS.sub(' ', text)}")
 
     def read(self):
         content = self.read_file()
@@ -91,6 +95,7 @@ class _Reader:
         self.is_english = re.split("[-_]", file.metadata.get("Language", ""))[0] == SOURCE_LANGUAGE
         translation = self.read_head(file)
         for entry in file:
+            entry.linenum = entry.linenum or 1  # the parser begins the first entry ahead of the first line
             if not entry.obsolete:
                 self.read_entry(entry)
         self.check_completeness()
@@ -101,21 +106,32 @@ class _Reader:
 
     def read_file(self):
         try:
-            return self.path.read_text(encoding="utf-8")
+            content = self.path.read_text(encoding="utf-8")
         except UnicodeDecodeError as error:
             line = error.object.count(b"\n", 0, error.start) + 1
             raise Refused([f"{self.path}:{line}: it is not in UTF-8: save it as UTF-8"]) from None
         except OSError as error:
             raise Refused([f"{self.path}: {error.strerror}"]) from None
+        odd = ODD_LINE_ENDS.search(content)
+        if odd:
+            line = content.count("\n", 0, odd.start()) + 1
+            raise Refused([f"{self.path}:{line}: the character U+{ord(odd[0]):04X} ends the line: take it out"])
+        return content
 
     def parse(self, content):
         try:
-            return polib.pofile(content)
+            # The parser would open a file whose name is all that stands there; no name ends in a line break.
+            return polib.pofile(content + "\n")
         except OSError as error:
             # The parser raises the same kind of error as the file system, with the line in its text.
             line = re.search(r"\(line ([0-9]+)\)(?:: (.*))?", str(error))
             raise Refused(
                 [f"{self.path}:{line[1]}: not understood as a .po file: {line[2] or 'wrong syntax'}"]
+            ) from None
+        except TypeError:
+            # It compares the header with what stands ahead of it, which it can't where that has plural forms.
+            raise Refused(
+                [f"{self.path}:{self.head_line('')}: the header, with an empty msgid, has to be the first entry"]
             ) from None
 
     def head_line(self, name):
@@ -255,7 +271,7 @@ class _Reader:
     def check_completeness(self):
         for number in sorted((self.catalogue.nouns | set(self.catalogue.arguments)) - set(self.lines)):
             self.complain(
-                len(self.content_lines),
+                max(len(self.content_lines), 1),
                 f"number {number} is missing: copy its entry from en.po and translate it",
             )
 

@@ -161,6 +161,55 @@ class Refusals(unittest.TestCase):
         self.assertEqual(code, 1)
         self.assertEqual(errors, f"{self.folder.po}:2: it is not in UTF-8: save it as UTF-8\n")
 
+    def test_a_complaint_stays_one_line_whatever_it_shows(self):
+        errors = self.refused(('msgctxt "1003"', 'msgctxt "a\\nb"\nmsgid "x"\nmsgstr ""\n\nmsgctxt "1003"'))
+        line = self.folder.line_of('msgctxt "a')
+        self.assertEqual(
+            errors, f"{self.folder.po}:{line}: 'a b' is no message number: write the number as msgctxt\n"
+        )
+
+    def refused_file(self, text):
+        self.folder.po.write_text(text, encoding="utf-8")
+        code, errors = support.run_tool("--po", self.folder.po)
+        self.assertEqual(code, 1)
+        return errors.splitlines()
+
+    def test_an_entry_that_the_file_begins_with_has_the_first_line(self):
+        self.assertIn(
+            f"{self.folder.po}:1: 'ok' is no message number: write the number as msgctxt",
+            self.refused_file('msgctxt "ok"\nmsgid "x"\nmsgstr "y"\n'),
+        )
+
+    def test_an_empty_file_has_one_line_to_name(self):
+        self.assertIn(
+            f"{self.folder.po}:1: number 1002 is missing: copy its entry from en.po and translate it",
+            self.refused_file(""),
+        )
+
+    def test_a_file_that_holds_the_name_of_another_is_not_that_file(self):
+        self.assertIn(
+            f"{self.folder.po}:1: not understood as a .po file: wrong syntax",
+            self.refused_file(str(support.ENGLISH)),
+        )
+
+    def test_a_header_behind_an_entry_of_its_own_kind_is_named(self):
+        noun = 'msgid ""\nmsgid_plural ""\nmsgstr[0] "x"\n'
+        self.assertEqual(
+            [f"{self.folder.po}:2: the header, with an empty msgid, has to be the first entry"],
+            self.refused_file("\n" + noun + '\nmsgid ""\nmsgstr "Language: en"\n'),
+        )
+
+    def test_a_character_that_ends_the_line_unseen_is_named(self):
+        for character, name in (("\u2028", "U+2028"), ("\x85", "U+0085"), ("\x0c", "U+000C")):
+            self.folder.write(('"Cancel"\nmsgstr ""', f'"Cancel"\nmsgstr "a{character}b"'))
+            code, errors = support.run_tool("--po", self.folder.po)
+            text = self.folder.po.read_text(encoding="utf-8")
+            line = text.count("\n", 0, text.index(character)) + 1
+            self.assertEqual(code, 1)
+            self.assertEqual(
+                errors, f"{self.folder.po}:{line}: the character {name} ends the line: take it out\n"
+            )
+
     def test_a_file_that_is_not_there_is_named(self):
         code, errors = support.run_tool("--po", self.folder.path / "none.po")
         self.assertEqual(code, 1)
@@ -222,6 +271,9 @@ class HeadFields(unittest.TestCase):
             ("two", "Plural-Forms is not of the form 'nplurals=2; plural=(n != 1);'"),
             ("nplurals=2; plural=(n != 1;", "unbalanced parenthesis in plural form"),
             ("nplurals=2; plural=(n / 0);", "the plural rule divides by zero"),
+            ("nplurals=2; plural=0*(1/(n-1000));", "the plural rule divides by zero"),
+            ("nplurals=2; plural=0-(n != 1);", "the plural rule gives form -1, but forms count from 0"),
+            ("nplurals=1000000000; plural=0;", "nplurals is 1000000000, but a language has 10 forms at most"),
             ("nplurals=2; plural=n*2;", "the plural rule gives form 398, but nplurals is 2"),
             ("nplurals=1; plural=(n != 1);", "the plural rule gives form 1, but nplurals is 1"),
             ("nplurals=2; plural=(n % 1000 == 1);", "the plural rule gives form 1 for 1001, but 101 has form 0"),

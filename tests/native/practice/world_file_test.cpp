@@ -184,6 +184,10 @@ TEST(PracticeWorldFile, CutOffTextIsToldWithItsLine) {
     EXPECT_EQ(ErrorOf(""), "my.json:1: this is no well-formed JSON text");
 }
 
+TEST(PracticeWorldFile, NumberBeyondAllSizesIsToldWithItsLine) {
+    EXPECT_EQ(ErrorOf("{\n  \"format\":\n  1e999 }"), "my.json:3: this number is too large");
+}
+
 TEST(PracticeWorldFile, UnknownMemberIsToldWithItsPathAndLine) {
     EXPECT_EQ(ErrorOf(Changed(R"({ "name": "A" })", "{ \"name\": \"A\",\n \"nmae\": 1 }")),
               "my.json:8: /network/computers/0/nmae: no such member is known");

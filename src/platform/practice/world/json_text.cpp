@@ -43,6 +43,7 @@ class PlaceFinder : public nlohmann::json_sax<Json> {
     PlaceFinder(std::string wanted, const int& line) : mWanted(std::move(wanted)), mLine(line) {}
 
     int Found() const { return mFound; }
+    std::size_t GaveUpAt() const { return mGaveUpAt; }
 
     bool null() override { return Value(); }
     bool boolean(bool) override { return Value(); }
@@ -59,7 +60,8 @@ class PlaceFinder : public nlohmann::json_sax<Json> {
         mLevels.back().name = name;
         return true;
     }
-    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
+    bool parse_error(std::size_t byte, const std::string&, const nlohmann::detail::exception&) override {
+        mGaveUpAt = byte;
         return false;
     }
 
@@ -102,8 +104,12 @@ class PlaceFinder : public nlohmann::json_sax<Json> {
     std::string mWanted;
     const int& mLine;
     int mFound = 0;
+    std::size_t mGaveUpAt = 0;
     std::vector<Level> mLevels;
 };
+
+/// Where no pointer ever points.
+constexpr const char* kNowhere = "-";
 
 bool HasUnpairedSurrogate(StringView text) {
     return FromUtf8(ToUtf8(text)) != text;
@@ -126,6 +132,13 @@ int LineOfPointer(std::string_view text, const std::string& pointer) {
     Json::sax_parse(CountingIterator(text.data(), &line), CountingIterator(text.data() + text.size(), &line),
                     &finder);
     return finder.Found();
+}
+
+int LineOfFailure(std::string_view text) {
+    int line = 1;
+    PlaceFinder finder(kNowhere, line);
+    Json::sax_parse(text, &finder);
+    return LineOfByte(text, finder.GaveUpAt() - 1);
 }
 
 int LineOfByte(std::string_view text, std::size_t byte) {

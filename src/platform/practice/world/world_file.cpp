@@ -96,6 +96,8 @@ void ReadWorld(World& world, std::string_view text, const std::string& name) {
     } catch (const nlohmann::json::parse_error& error) {
         throw WorldFileError(name + ":" + std::to_string(LineOfByte(text, error.byte - 1)) +
                              ": this is no well-formed JSON text");
+    } catch (const nlohmann::json::out_of_range&) {
+        throw WorldFileError(name + ":" + std::to_string(LineOfFailure(text)) + ": this number is too large");
     } catch (const JsonDefect& defect) {
         throw WorldFileError(name + ":" + std::to_string(LineOfPointer(text, defect.pointer)) + ": " +
                              (defect.pointer.empty() ? "/" : defect.pointer) + ": " + defect.what);

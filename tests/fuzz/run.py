@@ -1,0 +1,202 @@
+"""Runs the fuzzers.
+
+    run.py short                               every fuzzer for a moment, what was once found first
+    run.py long NAME --runs N | --seconds N    one fuzzer, on from the seeds and from what it has found interesting
+    run.py minimise NAME                       adds to the seeds what has turned out to be interesting
+
+A fuzzer is a program NAME_fuzz of the build with the preset fuzz; --plain takes the preset fuzz_plain, without
+sanitizers and faster, and its runs are counted apart. seeds/NAME holds files to begin with, regressions/NAME what
+was a finding once, dictionaries/NAME.dict words that its inputs are made of. What is found comes to lie in
+out/fuzz/findings.
+"""
+
+import argparse
+import fcntl
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import time
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parents[1]
+OUT = ROOT / "out" / "fuzz"
+RECORD = HERE / "record.json"
+PYTHON = "/usr/bin/python3"
+PO_COMPILER = "po_compiler"
+"""The one fuzzer that is no program of the build; it takes the same arguments."""
+
+SHORT_RUNS = 4000
+SHORT_SECONDS = 5
+CHUNK_SECONDS = 120
+"""After so long the record is written, so that little is lost when a long run is broken off."""
+
+LARGEST_INPUT = 2048
+PATIENCE = 20
+"""Seconds for one input."""
+
+DONE = re.compile(r"^stat::number_of_executed_units: *([0-9]+)", re.MULTILINE)
+
+
+def names():
+    return sorted([path.name.removesuffix("_fuzz.cpp") for path in HERE.glob("*_fuzz.cpp")] + [PO_COMPILER])
+
+
+def files_in(folder):
+    return sorted(path for path in folder.glob("*") if path.is_file())
+
+
+class Fuzzer:
+    def __init__(self, name, plain=False):
+        self.name = name
+        self.preset = "fuzz_plain" if plain else "fuzz"
+        self.program = ROOT / "out" / self.preset / "tests" / "fuzz" / ("%s_fuzz" % name)
+        self.seeds = HERE / "seeds" / name
+        self.corpus = OUT / "corpus" / name
+        self.findings = OUT / "findings" / name
+
+    def command(self):
+        return [PYTHON, str(HERE / "po_compiler.py")] if self.name == PO_COMPILER else [str(self.program)]
+
+    def is_built(self):
+        return self.name == PO_COMPILER or self.program.exists()
+
+    def run(self, arguments):
+        """The exit code, the number of inputs that were tried, and what the fuzzer said."""
+        environment = {**os.environ, "ASAN_OPTIONS": "quarantine_size_mb=16:malloc_context_size=8"}
+        ended = subprocess.run(
+            [*self.command(), *map(str, arguments)], cwd=ROOT, env=environment, stdout=subprocess.PIPE,
+            stderr=subprocess.STDOUT
+        )
+        said = ended.stdout.decode("utf-8", "replace")
+        done = DONE.search(said)
+        return ended.returncode, int(done[1]) if done else 0, said
+
+    def fuzz(self, folders, *bounds):
+        """The first folder takes what turns out to be interesting."""
+        self.findings.mkdir(parents=True, exist_ok=True)
+        known = set(self.findings.iterdir())
+        options = ["-print_final_stats=1", "-timeout=%d" % PATIENCE, "-max_len=%d" % LARGEST_INPUT,
+                   "-artifact_prefix=%s/" % self.findings, *bounds]
+        dictionary = HERE / "dictionaries" / ("%s.dict" % self.name)
+        if dictionary.exists():
+            options.append("-dict=%s" % dictionary)
+        code, done, said = self.run(options + [folder for folder in folders if folder.is_dir()])
+        return code, done, said, sorted(set(self.findings.iterdir()) - known)
+
+    def tell(self, said, inputs):
+        """What went wrong, and how to see it again."""
+        print("\n".join(said.splitlines()[-40:]))
+        for path in inputs:
+            print("%s: to see it again: %s %s" % (self.name, " ".join(self.command()), path), flush=True)
+
+    def try_regressions(self):
+        """True: nothing that was found once is back. None: nothing was ever found."""
+        inputs = files_in(HERE / "regressions" / self.name)
+        if not inputs:
+            return None
+        code, _, said = self.run(inputs)
+        if code != 0:
+            self.tell(said, inputs)
+        return code == 0
+
+    def try_shortly(self):
+        with tempfile.TemporaryDirectory() as fresh:
+            code, done, said, found = self.fuzz(
+                [pathlib.Path(fresh), self.seeds], "-seed=1", "-runs=%d" % SHORT_RUNS, "-max_total_time=%d" % SHORT_SECONDS)
+        if code != 0 or done == 0:
+            self.tell(said, found)
+        print("%s: %d runs" % (self.name, done), flush=True)
+        return code == 0 and done > 0
+
+
+def run_short():
+    passed = failed = 0
+    for name in names():
+        fuzzer = Fuzzer(name)
+        if not fuzzer.is_built():
+            print("%s is not there: build the target fuzzers with the preset fuzz" % fuzzer.program)
+            failed += 1
+            continue
+        results = [result for result in (fuzzer.try_regressions(), fuzzer.try_shortly()) if result is not None]
+        passed += results.count(True)
+        failed += results.count(False)
+    print("fuzz: %d passed, %d failed, 0 skipped" % (passed, failed))
+    return 0 if failed == 0 else 1
+
+
+def add_to_record(fuzzer, runs, seconds, findings):
+    """One entry for each fuzzer, with the runs that were made without sanitizers apart."""
+    OUT.mkdir(parents=True, exist_ok=True)
+    with open(OUT / "record.lock", "w", encoding="utf-8") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        record = json.loads(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else {}
+        entry = record.setdefault(fuzzer.name, {})
+        if fuzzer.preset == "fuzz_plain":
+            entry = entry.setdefault("without_sanitizers", {})
+        for key, more in (("runs", runs), ("seconds", seconds), ("findings", findings)):
+            entry[key] = entry.get(key, 0) + more
+        fresh = OUT / "record.json"
+        fresh.write_text(json.dumps(record, indent=2, sort_keys=True) + "\n", encoding="utf-8")
+        os.replace(fresh, RECORD)
+
+
+def run_long(fuzzer, runs, seconds):
+    """In pieces, each with a seed of its own."""
+    fuzzer.corpus.mkdir(parents=True, exist_ok=True)
+    end = time.monotonic() + seconds if seconds else float("inf")
+    left = runs or float("inf")
+    while left > 0 and time.monotonic() < end:
+        bounds = ["-seed=%d" % (time.time_ns() // 1000 % 2**31 + 1),
+                  "-max_total_time=%d" % max(1, min(CHUNK_SECONDS, end - time.monotonic()))]
+        if runs:
+            bounds.append("-runs=%d" % left)
+        begin = time.monotonic()
+        code, done, said, found = fuzzer.fuzz([fuzzer.corpus, fuzzer.seeds], *bounds)
+        add_to_record(fuzzer, done, round(time.monotonic() - begin), len(found))
+        if code != 0 or done == 0:
+            fuzzer.tell(said, found)
+            return 1
+        left -= done
+        print("%s: %d runs more" % (fuzzer.name, done), flush=True)
+    return 0
+
+
+def minimise(fuzzer):
+    """The seeds get what the corpus reaches and they don't, in as few and small files as that takes."""
+    fuzzer.seeds.mkdir(parents=True, exist_ok=True)
+    # How often a place is reached does not count, which would keep five times as many files.
+    code, _, said = fuzzer.run(["-merge=1", "-use_counters=0", fuzzer.seeds, fuzzer.corpus])
+    if code != 0:
+        fuzzer.tell(said, [])
+        return 1
+    kept = files_in(fuzzer.seeds)
+    print("%s: %d files, %d bytes" % (fuzzer.seeds, len(kept), sum(path.stat().st_size for path in kept)))
+    return 0
+
+
+def main(arguments=None):
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    modes = parser.add_subparsers(dest="mode", required=True)
+    modes.add_parser("short")
+    long_mode = modes.add_parser("long")
+    bound = long_mode.add_mutually_exclusive_group(required=True)
+    bound.add_argument("--runs", type=int)
+    bound.add_argument("--seconds", type=int)
+    long_mode.add_argument("--plain", action="store_true", help="the build without sanitizers")
+    for mode in (long_mode, modes.add_parser("minimise")):
+        mode.add_argument("name", choices=names())
+    options = parser.parse_args(arguments)
+    if options.mode == "short":
+        return run_short()
+    fuzzer = Fuzzer(options.name, options.mode == "long" and options.plain)
+    if not fuzzer.is_built():
+        parser.error("%s is not there: build the target fuzzers with the preset %s" % (fuzzer.program, fuzzer.preset))
+    return run_long(fuzzer, options.runs, options.seconds) if options.mode == "long" else minimise(fuzzer)
+
+
+if __name__ == "__main__":
+    sys.exit(main())
