@@ -1,17 +1,14 @@
 #include "tests/native/faults/scenario.h"
 
 #include "platform/form_peer.h"
-#include "platform/modules.h"
 #include "platform/practice/console/console.h"
 #include "platform/practice/world/host_file.h"
 #include "platform/practice/world/world_file.h"
 #include "runtime/errors.h"
 #include "runtime/forms/application.h"
 #include "shell/Main.h"
-#include "shell/log.h"
-#include "shell/program_state.h"
 #include "tests/native/faults/observer.h"
-#include "tests/native/support/program_test.h"
+#include "tests/native/support/fresh_start.h"
 
 #include <nlohmann/json.hpp>
 
@@ -52,28 +49,6 @@ std::vector<Scenario> ReadScenarios() {
     return scenarios;
 }
 
-/// Reading a world takes longer than a run does.
-void PutBack(World& world, const World& start) {
-    world.clock = start.clock;
-    world.pump_milliseconds = start.pump_milliseconds;
-    world.network = start.network;
-    world.registry = start.registry;
-    world.files = start.files;
-    world.libraries = start.libraries;
-    world.machine = start.machine;
-    world.shell = start.shell;
-    world.calls = {};
-    world.handles = {};
-    world.boxes = {};
-    world.browser = {};
-    world.actions = {};
-    world.key_states = {};
-    world.mutexes.clear();
-    world.session_ends.clear();
-    world.shell_executions.clear();
-    world.mouse = {};
-}
-
 void Prepare(World& world, const Scenario& scenario, const std::vector<practice::Fault>& faults) {
     PutBack(world, *scenario.start);
     world.machine.command_line = FromUtf8(scenario.arguments);
@@ -81,16 +56,6 @@ void Prepare(World& world, const Scenario& scenario, const std::vector<practice:
         world.boxes.Answer(answer);
     for (const practice::Fault& fault : faults)
         world.Fail(fault.name, fault.code, fault.nth);
-    ResetProgramState();
-}
-
-/// What the end of the process would take with it.
-void GiveBackAll() {
-    Application::Current().UnloadAll();
-    StartLogging(u"", log_mode::kOff);
-    gLocalizer.reset();
-    if (gLocLibHandle != 0)
-        platform::FreeLibrary(gLocLibHandle);
     ResetProgramState();
 }
 

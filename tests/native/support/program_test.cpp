@@ -1,7 +1,5 @@
 #include "tests/native/support/program_test.h"
 
-#include "platform/modules.h"
-#include "runtime/forms/application.h"
 #include "shell/log.h"
 #include "shell/program_state.h"
 #include "tests/native/support/test_language.h"
@@ -10,29 +8,6 @@
 #include <ostream>
 
 namespace kestrelmoor::tests {
-
-void ResetProgramState() {
-    gWinVersion = 0;
-    gLogging = gForceWindow = gShowUsage = false;
-    gLogFileName.clear();
-    gLangID = 0;
-    gLocalizer.reset();
-    gLocLibHandle = 0;
-    gHelpFile.clear();
-    gServers = {};
-    gServerCount = 0;
-    gActiveBits = {};
-    gSyncLocal = gAutoStart = gTargetsNarrowed = false;
-    gReminderTime = 0;
-    gUserName.clear();
-    gDomainMember = false;
-    gDomainName.clear();
-    gThemed = gThemeApiPresent = false;
-    gPasswordChar.clear();
-    gKeyboardCues = false;
-    gPassFormCount = 0;
-    gMsgBoxHook = 0;
-}
 
 void PrintTo(const ShownBox& box, std::ostream* stream) {
     *stream << "box " << box.style << " \"" << box.title << "\": " << box.text;
@@ -56,12 +31,7 @@ ProgramTest::ProgramTest() {
 }
 
 ProgramTest::~ProgramTest() {
-    Application::Current().UnloadAll();
-    StartLogging(u"", log_mode::kOff);
-    gLocalizer.reset();
-    if (gLocLibHandle != 0)
-        platform::FreeLibrary(gLocLibHandle);
-    ResetProgramState();
+    GiveBackAll();
     EXPECT_EQ(world.OutstandingHandles(), modules_left);
     EXPECT_EQ(world.handles.WrongReleases(), 0U);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/practice/world/world.h"
+#include "tests/native/support/fresh_start.h"
 #include "tests/native/support/raised.h"
 
 #include <gtest/gtest.h>
@@ -13,9 +14,6 @@
 namespace kestrelmoor::tests {
 
 using Lines = std::vector<std::string>;
-
-/// The program's state as at its start.
-void ResetProgramState();
 
 /// A message box, as its text, style and title.
 struct ShownBox {

@@ -1,0 +1,222 @@
+#include "tests/fuzz/sessions/session.h"
+
+#include "platform/form_peer.h"
+#include "platform/practice/user.h"
+#include "platform/practice/windows.h"
+#include "runtime/conversions.h"
+#include "runtime/forms/application.h"
+#include "shell/Main.h"
+#include "tests/native/support/fresh_start.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace kestrelmoor::fuzz {
+
+namespace {
+
+using tests::ActionKind;
+using tests::UserAction;
+
+constexpr std::size_t kLongest = 60; ///< inputs of a session
+constexpr int kOverflow = 6;
+constexpr int kPermissionDenied = 70;
+
+/// The box that the keys go to shows a mask in place of what is typed.
+bool FocusIsMasked() {
+    const Form* const form = Application::Current().ActiveForm();
+    const auto* const box = form ? dynamic_cast<const TextBox*>(form->FocusHolder()) : nullptr;
+    return box != nullptr && !box->PasswordChar().empty();
+}
+
+Form* FormNamed(StringView name) {
+    for (const auto& form : Application::Current().Forms())
+        if (form->Name() == name)
+            return form.get();
+    return nullptr;
+}
+
+/// More days than a 32-bit number holds end the program, as told.
+bool ShowsTooManyDays() {
+    constexpr double kMost = 2147483647;
+    const Form* const settings = FormNamed(u"frmSettings");
+    return settings != nullptr &&
+           LeadingNumber(dynamic_cast<const TextBox&>(settings->Find(u"txtRemind")).Text()) > kMost;
+}
+
+bool RunIsOpen() {
+    const Form* const window = FormNamed(u"frmPass");
+    return window != nullptr && window->Find(u"txtStatus").Visible();
+}
+
+} // namespace
+
+Session::Session(practice::World& world, SessionBytes bytes) : mWorld(world), mBytes(bytes) {
+    tests::ResetProgramState();
+    tests::ForgetCuePoint();
+    mStarted = MakeWorld(mWorld, mBytes);
+    mDone.push_back("start " + ToUtf8(mWorld.machine.command_line));
+    mWorld.actions.Source = [this] { return Step(); };
+    for (const char* const name : {"NetUserChangePassword", "IADsUser.ChangePassword"})
+        WatchPasswordCalls(name);
+}
+
+void Session::Run() {
+    Application::Current().SetDesktop(&platform::TheDesktop());
+    try {
+        Main();
+        Application::Current().Run();
+    } catch (const RuntimeError& error) {
+        AcceptEnd(error);
+    }
+    Require(SecretsInWorld(mWorld));
+    Require(BrokenLogs(mWorld));
+    mWorld.actions = {};
+    tests::GiveBackAll();
+    Require(Leftovers(mWorld, mStarted));
+}
+
+/// False: the person has gone.
+bool Session::Step() {
+    Look();
+    if (mBytes.AtEnd() || mDone.size() > kLongest)
+        return false;
+    Act();
+    return true;
+}
+
+void Session::Act() {
+    const std::uint8_t choice = mBytes.Next();
+    if (choice < 160)
+        DoOneOf(choice);
+    else if (choice < 216)
+        TypeText();
+    else if (choice < 224)
+        SendMessage();
+    else if (choice < 240)
+        ChangeWorld();
+    else
+        QueueForPump();
+}
+
+void Session::Do(const UserAction& action) {
+    mDone.push_back(TextOf(action));
+    CarryOut(action);
+}
+
+void Session::DoOneOf(std::size_t number) {
+    const auto actions = tests::PossibleActions();
+    if (!actions.empty())
+        Do(actions[number % actions.size()]);
+}
+
+/// A password goes into a masked box alone.
+void Session::TypeText() {
+    constexpr const char16_t* kSecrets[] = {kOldPassword, u"New-XYZZY-2", u"Third-XYZZY-3", u"XYZZY"};
+    constexpr const char16_t* kTexts[] = {u"\\\\ARCHIVE", u"archive",         u"NEW", u"99", u"100",
+                                          u"9999999",     u"\xE9\xD83D\xDE00"};
+    const bool masked = FocusIsMasked();
+    const StringView text = masked ? mBytes.Of(kSecrets) : mBytes.Of(kTexts);
+    // A letter can lead from a list into a box.
+    for (const char16_t character : text)
+        if (FocusIsMasked() == masked)
+            Do({ActionKind::Type, {}, character});
+}
+
+/// As the system tells every window of the program.
+void Session::SendMessage() {
+    constexpr std::uint32_t kMessages[] = {21, 26, 794};
+    Form* const window = FormNamed(u"frmPass");
+    if (window == nullptr)
+        return;
+    const std::uint32_t message = mBytes.Of(kMessages);
+    mDone.push_back("message " + std::to_string(message));
+    practice::DeliverMessage(window->Window(), message);
+}
+
+void Session::ChangeWorld() {
+    practice::Appearance& appearance = mWorld.machine.appearance;
+    const std::size_t what = mBytes.Below(6);
+    mDone.push_back("world " + std::to_string(what));
+    switch (what) {
+    case 0:
+        appearance.app_themed = appearance.theme_active = !appearance.theme_active;
+        return;
+    case 1:
+        mWorld.clock.Advance(mBytes.Next() * practice::kSecond);
+        return;
+    case 2:
+        for (practice::Computer& computer : mWorld.network.computers)
+            computer.reachable = !computer.reachable;
+        return;
+    case 3:
+        mWorld.network.directory.present = !mWorld.network.directory.present;
+        mStarted.has_directory = true;
+        return;
+    case 4:
+        mWorld.clock.Advance(100 * practice::kDay);
+        return;
+    default:
+        practice::User().MoveMouse(mBytes.Next() * 4, mBytes.Next() * 4);
+        return;
+    }
+}
+
+/// The person acts while a handler of the program is running: at a pump of events, or while the directory
+/// keeps a call waiting.
+void Session::QueueForPump() {
+    const std::uint8_t when = mBytes.Next();
+    const std::uint8_t what = mBytes.Next();
+    mDone.push_back("later " + std::to_string(when) + " " + std::to_string(what));
+    const auto act = [this, what] {
+        mDone.push_back("now " + std::to_string(what));
+        ++mPumpDepth;
+        if (what < 64)
+            Do({ActionKind::CloseWindow});
+        else
+            DoOneOf(what);
+        --mPumpDepth;
+    };
+    if (when >= 192)
+        mWorld.calls.Before("IADsUser.ChangePassword", act, when % 3 + 1);
+    else
+        mWorld.actions.Queue(act, when % 5 + 1);
+}
+
+void Session::WatchPasswordCalls(const char* name) {
+    mWorld.calls.Before(name, [this, name] {
+        if (!RunIsOpen())
+            Require({std::string("a password call without a window: ") + name});
+        WatchPasswordCalls(name);
+    });
+}
+
+void Session::AcceptEnd(const RuntimeError& error) {
+    const bool overflow = error.number() == kOverflow && (ShowsTooManyDays() || mStarted.has_directory);
+    // What the directory can't tell of an account is not trapped, as told.
+    const bool unknown =
+        mStarted.has_directory && (error.number() < 0 || error.number() == kPermissionDenied);
+    if (!mStarted.has_faults && !overflow && !unknown)
+        Require({"run-time error " + std::to_string(error.number()) + ": " + ToUtf8(error.description())});
+}
+
+/// While a handler runs its window may be in between.
+void Session::Look() {
+    Require(SecretsOnForms());
+    if (mPumpDepth == 0)
+        Require(mRules.Look());
+}
+
+void Session::Require(const std::vector<std::string>& broken) {
+    if (broken.empty())
+        return;
+    for (const std::string& text : broken)
+        std::fprintf(stderr, "BROKEN: %s\n", text.c_str());
+    for (const std::string& done : mDone)
+        std::fprintf(stderr, "  %s\n", done.c_str());
+    std::fflush(stderr);
+    std::abort();
+}
+
+} // namespace kestrelmoor::fuzz

@@ -1,0 +1,249 @@
+#include "tests/native/explorer/explorer.h"
+
+#include "platform/form_peer.h"
+#include "platform/practice/world/world_file.h"
+#include "runtime/errors.h"
+#include "runtime/forms/application.h"
+#include "shell/Main.h"
+#include "tests/native/explorer/fingerprint.h"
+#include "tests/native/support/fresh_start.h"
+
+#include <algorithm>
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+constexpr std::size_t kLongestStart = 400; ///< inputs: a way that can still be read
+constexpr int kMostBarrenStarts = 30;      ///< in a row, without anything new
+constexpr std::size_t kMostFindings = 10;
+
+practice::World& World() {
+    static practice::ScopedWorld world;
+    return world;
+}
+
+std::string JoinedWay(const std::vector<std::string>& way) {
+    std::string text;
+    for (const std::string& step : way)
+        text += "\n    " + step;
+    return text;
+}
+
+} // namespace
+
+Explorer::Explorer(const StartOfExploration& start, std::size_t depth, bool closes_each_way)
+    : mStart(start), mDepth(depth), mClosesEachWay(closes_each_way),
+      mStartWorld(std::make_shared<practice::World>()) {
+    practice::LoadStockWorld(*mStartWorld);
+    if (start.prepare)
+        start.prepare(*mStartWorld);
+}
+
+Explorer::Result Explorer::Explore() {
+    int barren = 0;
+    do {
+        const std::size_t tried = mTried;
+        StartProgram();
+        barren = mTried == tried ? barren + 1 : 0;
+    } while (AnyWorkLeft() && barren < kMostBarrenStarts && mResult.findings.size() < kMostFindings);
+    mResult.states = mStates.size();
+    mResult.inputs = mTried;
+    mResult.unreached = static_cast<std::size_t>(
+        std::ranges::count_if(mStates, [this](const State& state) { return HasWork(state); }));
+    return mResult;
+}
+
+void Explorer::StartProgram() {
+    practice::World& world = World();
+    ForgetCuePoint();
+    PutBack(world, *mStartWorld);
+    world.machine.command_line = FromUtf8(mStart.arguments);
+    for (const int answer : mStart.answers)
+        world.boxes.Answer(answer);
+    for (const practice::Fault& fault : mStartWorld->calls.Faults())
+        world.Fail(fault.name, fault.code, fault.nth);
+    world.actions.Source = [this] { return TakeStep(); };
+    Application::Current().SetDesktop(&platform::TheDesktop());
+    ResetProgramState();
+    mRules = {};
+    mWay.clear();
+    mTaken.reset();
+    mPrefixDone = 0;
+    ++mResult.starts;
+    RunProgram();
+    world.actions = {};
+    GiveBackAll();
+    if (world.handles.WrongReleases() != 0)
+        mResult.findings.push_back("a wrong release" + JoinedWay(mWay));
+}
+
+void Explorer::RunProgram() {
+    try {
+        Main();
+        Application::Current().Run();
+        if (mTaken)
+            Arrive(Fingerprint());
+    } catch (const RuntimeError& error) {
+        mResult.findings.push_back("run-time error " + std::to_string(error.number()) + JoinedWay(mWay));
+        if (mTaken)
+            Arrive("error");
+    }
+}
+
+/// One input; false: this start has nothing left to do.
+bool Explorer::TakeStep() {
+    const bool sound = Look();
+    if (mPrefixDone < mStart.prefix.size()) {
+        const UserAction& action = mStart.prefix[mPrefixDone++];
+        mWay.push_back(TextOf(action));
+        return CarryOut(action) && sound;
+    }
+    Arrive(Fingerprint());
+    return sound && mWay.size() < kLongestStart && ChooseNext();
+}
+
+bool Explorer::Look() {
+    const std::vector<std::string> broken = mRules.Look();
+    for (const std::string& text : broken)
+        mResult.findings.push_back(text + JoinedWay(mWay));
+    return broken.empty();
+}
+
+/// Where the last input has led.
+void Explorer::Arrive(const std::string& print) {
+    const std::size_t here = StateOf(print);
+    if (mTaken) {
+        Edge& taken = mStates[mCurrent].edges[*mTaken];
+        if (!taken.leads_to) {
+            --mStates[mCurrent].untried;
+            ++mTried;
+        }
+        taken.leads_to = here;
+        Relax(mCurrent, here);
+        mTaken.reset();
+    }
+    mCurrent = here;
+}
+
+bool Explorer::ChooseNext() {
+    const std::optional<std::size_t> edge = NextInput();
+    if (!edge)
+        return false;
+    mTaken = edge;
+    const UserAction action = mStates[mCurrent].edges[*edge].action;
+    mWay.push_back(TextOf(action));
+    ++mResult.steps;
+    World().calls.Clear();
+    CarryOut(action);
+    return true;
+}
+
+/// Something new here, else a step towards the nearest state with something new.
+std::optional<std::size_t> Explorer::NextInput() {
+    const State& here = mStates[mCurrent];
+    if (HasWork(here)) {
+        const auto untried =
+            std::ranges::find_if(here.edges, [](const Edge& edge) { return !edge.leads_to.has_value(); });
+        return static_cast<std::size_t>(untried - here.edges.begin());
+    }
+    if (mPlan.empty() || mPlan.back().state != mCurrent)
+        mPlan = WayToWork();
+    if (mPlan.empty())
+        return std::nullopt;
+    const std::size_t edge = mPlan.back().edge;
+    mPlan.pop_back();
+    return edge;
+}
+
+/// The shortest known way to a state with work, breadth first, its first step last.
+std::vector<Explorer::Step> Explorer::WayToWork() const {
+    constexpr std::size_t kNowhere = SIZE_MAX;
+    std::vector<Step> came_by(mStates.size(), {kNowhere, 0});
+    std::deque<std::size_t> queue{mCurrent};
+    while (!queue.empty()) {
+        const std::size_t at = queue.front();
+        queue.pop_front();
+        if (HasWork(mStates[at])) {
+            std::vector<Step> way;
+            for (std::size_t state = at; state != mCurrent; state = came_by[state].state)
+                way.push_back(came_by[state]);
+            return way;
+        }
+        for (std::size_t i = 0; i < mStates[at].edges.size(); ++i) {
+            const auto next = mStates[at].edges[i].leads_to;
+            if (!next || *next == mCurrent || came_by[*next].state != kNowhere)
+                continue;
+            came_by[*next] = {at, i};
+            queue.push_back(*next);
+        }
+    }
+    return {};
+}
+
+bool Explorer::HasWork(const State& state) const {
+    return state.untried != 0 && (state.distance < mDepth || state.leads_back);
+}
+
+bool Explorer::AnyWorkLeft() const {
+    return std::ranges::any_of(mStates, [this](const State& state) { return HasWork(state); });
+}
+
+std::size_t Explorer::StateOf(const std::string& print) {
+    const auto [found, is_new] = mByPrint.emplace(print, mStates.size());
+    if (is_new) {
+        State state;
+        state.distance = mStates.empty() ? 0 : mDepth + 1;
+        for (const UserAction& action : ActionsHere())
+            state.edges.push_back({action});
+        state.untried = state.edges.size();
+        const Form* const front = Application::Current().ActiveForm();
+        state.leads_back = front != nullptr && front->Name() != mStart.explored;
+        mStates.push_back(std::move(state));
+    }
+    return found->second;
+}
+
+/// A nearer way to a state brings all behind it nearer.
+void Explorer::Relax(std::size_t from, std::size_t to) {
+    std::deque<std::pair<std::size_t, std::size_t>> queue{{to, mStates[from].distance + 1}};
+    while (!queue.empty()) {
+        const auto [state, distance] = queue.front();
+        queue.pop_front();
+        if (mStates[state].distance <= distance)
+            continue;
+        mStates[state].distance = distance;
+        for (const Edge& edge : mStates[state].edges)
+            if (edge.leads_to)
+                queue.emplace_back(*edge.leads_to, distance + 1);
+    }
+}
+
+std::vector<UserAction> Explorer::ClosedInTurn(std::vector<UserAction> actions) const {
+    if (mClosesEachWay)
+        return actions;
+    const std::vector<UserAction> closing{{ActionKind::CloseWindow},
+                                          {ActionKind::Press, {}, key::kEscape},
+                                          {ActionKind::Click, u"cmdCancel"},
+                                          {ActionKind::DoubleClick, u"cmdCancel"}};
+    std::erase_if(actions, [&](const UserAction& action) {
+        const auto found = std::ranges::find(closing, action);
+        return found != closing.end() &&
+               static_cast<std::size_t>(found - closing.begin()) != mStates.size() % closing.size();
+    });
+    return actions;
+}
+
+/// In other windows than the explored one only what leads back.
+std::vector<UserAction> Explorer::ActionsHere() const {
+    const Form* const form = Application::Current().ActiveForm();
+    if (form == nullptr)
+        return {};
+    if (practice::TheWorld().browser.Current() != nullptr || form->Name() == mStart.explored)
+        return ClosedInTurn(PossibleActions());
+    if (form->Name() == u"frmPass")
+        return {{ActionKind::Click, u"cmdSettings"}};
+    return {{ActionKind::Press, {}, key::kReturn}, {ActionKind::Press, {}, key::kEscape}};
+}
+
+} // namespace kestrelmoor::tests

@@ -1,0 +1,189 @@
+#include "tests/native/rules/window_rules.h"
+
+#include "forms/settings/frmSettings.h"
+#include "tests/native/forms/password_rows.h"
+
+#include <algorithm>
+
+namespace kestrelmoor::tests {
+
+namespace {
+
+/// The rules stay silent on a sound window and speak up on one that something has been done to.
+class RulesOfTheWindows : public PasswordRows {
+  protected:
+    RulesOfTheWindows() { LiftPolicies(); }
+
+    void ExpectSilence() { EXPECT_EQ(rules.Look(), Lines()); }
+
+    void ExpectComplaint(const std::string& rule) {
+        const Lines broken = rules.Look();
+        EXPECT_TRUE(
+            std::ranges::any_of(broken, [&](const std::string& text) { return text.starts_with(rule); }))
+            << rule << " among " << testing::PrintToString(broken);
+    }
+
+    /// Over the password window, as if it had been asked for.
+    frmSettings& OpenSettings() {
+        Open();
+        modules_left = 1; // the language library, which was asked for its languages
+        settings = Application::Current().Make<frmSettings>();
+        settings->Show();
+        rules.Look();
+        return *settings;
+    }
+
+    WindowRules rules;
+    std::shared_ptr<frmSettings> settings;
+};
+
+} // namespace
+
+TEST_F(RulesOfTheWindows, AreSilentOnASoundWindowInEachMode) {
+    Open();
+    ExpectSilence();
+    user.ClickOn(Same());
+    ExpectSilence();
+    Edit(1);
+    ExpectSilence();
+    user.Type(u"a");
+    ExpectSilence();
+    Leave();
+    ExpectSilence();
+    user.Type(u"b");
+    TypeInto(u"txtConfirm", u"b");
+    ExpectSilence();
+    ClickOk();
+    ExpectSilence();
+}
+
+TEST_F(RulesOfTheWindows, SeeAButtonThatIsEnabledWithoutNeed) {
+    Open();
+    At(u"cmdOK").SetEnabled(true);
+    ExpectComplaint("OK asks for a new password");
+}
+
+TEST_F(RulesOfTheWindows, SeeAButtonThatForgetsTheOldPasswordOfARow) {
+    OpenRows();
+    TypeOld(1, u"abc");
+    rules.Look();
+    Leave();
+    ExpectSilence();
+    At(u"cmdOK").SetEnabled(false);
+    ExpectComplaint("OK asks for a new password");
+}
+
+TEST_F(RulesOfTheWindows, SeeAControlOutOfItsPlace) {
+    Open();
+    At(u"txtConfirm").SetTop(1815);
+    ExpectComplaint("stands where its mode has it: txtConfirm");
+}
+
+TEST_F(RulesOfTheWindows, SeeControlsThatCoverEachOther) {
+    Open();
+    At(u"cmdOK").SetLeft(At(u"cmdCancel").Left() - 15);
+    ExpectComplaint("no control covers another: cmdOK and cmdCancel");
+}
+
+TEST_F(RulesOfTheWindows, SeeAControlOutsideItsWindow) {
+    Open();
+    At(u"cmdCancel").SetLeft(4500);
+    ExpectComplaint("stands inside its window: cmdCancel");
+}
+
+TEST_F(RulesOfTheWindows, SeeAPasswordBoxWithoutAMask) {
+    Open();
+    Box(u"txtNewPass").SetPasswordChar(u"");
+    ExpectComplaint("a password box is masked");
+}
+
+TEST_F(RulesOfTheWindows, SeeAControlThatIsMissing) {
+    Open();
+    At(u"txtConfirm").SetVisible(false);
+    ExpectComplaint("is seen in its mode alone: txtConfirm");
+}
+
+TEST_F(RulesOfTheWindows, SeeALabelWithAnAcceleratorAmongLabelsWithout) {
+    Open();
+    for (const char16_t* const name : {u"lblNewPass", u"lblConfirm"})
+        At(name).SetTag(u"&" + String(name));
+    At(u"lblNewPass").SetCaption(At(u"lblNewPass").Tag());
+    ExpectComplaint("labels show their accelerators all or none");
+}
+
+TEST_F(RulesOfTheWindows, SeeARowThatShowsAPassword) {
+    OpenRows();
+    List().SetList(1, u"\\\\ARCHIVE\tpassword");
+    ExpectComplaint("a row shows nothing but a mask");
+}
+
+TEST_F(RulesOfTheWindows, SeeAMaskThatTellsThatThereIsNoPassword) {
+    OpenRows();
+    List().SetList(1, u"\\\\ARCHIVE\t*");
+    List().SetItemData(1, 1);
+    ExpectComplaint("the mask is as long as the password");
+}
+
+TEST_F(RulesOfTheWindows, SeeABoxBesideItsRow) {
+    OpenRows();
+    Edit(1);
+    ExpectSilence();
+    InPlace().SetTop(InPlace().Top() + 15);
+    ExpectComplaint("the box lies over its row");
+}
+
+TEST_F(RulesOfTheWindows, SeeAnOldPasswordThatIsLost) {
+    OpenRows();
+    TypeOld(1, u"abc");
+    rules.Look();
+    Leave();
+    rules.Look();
+    Edit(1);
+    InPlace().SetText(u"ab");
+    ExpectComplaint("a row's old password comes back");
+}
+
+TEST_F(RulesOfTheWindows, SeeTheModeOfferedForATargetAlone) {
+    Configure({}, true);
+    Open();
+    ExpectSilence();
+    Same().SetEnabled(true);
+    ExpectComplaint("one password for each target from two targets on");
+}
+
+TEST_F(RulesOfTheWindows, SeeAWayBackWhereTheSessionWillEnd) {
+    Run();
+    ExpectSilence();
+    At(u"cmdOK").SetEnabled(true);
+    ExpectComplaint("no way back where the session will end");
+}
+
+TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
+    frmSettings& window = OpenSettings();
+    window.Get<CheckBox>(u"chkRemind").SetValue(gAutoStart ? 0 : 1);
+    window.Find(u"cmdOK").SetEnabled(false);
+    ExpectComplaint("a change enables OK");
+}
+
+TEST_F(RulesOfTheWindows, SeeASettingThatChangesAheadOfOk) {
+    OpenSettings();
+    gReminderTime += 86400;
+    ExpectComplaint("nothing but OK changes what the program holds");
+}
+
+TEST_F(RulesOfTheWindows, SeeARowThatWaitsForNoName) {
+    OpenSettings().Get<ListBox>(u"lstServers").AddItem(u"...");
+    ExpectComplaint("no row waits for a name");
+}
+
+TEST_F(RulesOfTheWindows, SeeABoxOfDaysThatWasLeftTooFull) {
+    OpenSettings().Get<TextBox>(u"txtRemind").SetText(u"100");
+    ExpectComplaint("a box with more than 99 days");
+}
+
+TEST_F(RulesOfTheWindows, SeeTwoWindowsThatTakeInput) {
+    OpenSettings();
+    ExpectComplaint("the front window takes the input: frmPass");
+}
+
+} // namespace kestrelmoor::tests
