@@ -1,6 +1,6 @@
 #include "tests/fuzz/support.h"
 
-#include "shell/program_state.h"
+#include "tests/native/support/fresh_start.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -11,20 +11,6 @@ namespace kestrelmoor::fuzz {
 namespace {
 
 constexpr std::uint8_t kUnitFollows = 128;
-
-/// As far as a fuzzer of a parser changes it.
-void ResetProgramState() {
-    gLogging = gForceWindow = gShowUsage = false;
-    gLogFileName.clear();
-    gLangID = 0;
-    gLocalizer.reset();
-    gLocLibHandle = 0;
-    gServers = {};
-    gServerCount = 0;
-    gActiveBits = {};
-    gReminderTime = 0;
-    gSyncLocal = gAutoStart = false;
-}
 
 } // namespace
 
@@ -83,14 +69,14 @@ std::vector<std::uint8_t> Utf16Bytes(StringView text) {
 }
 
 Run::Run() : world(practice::TheWorld()) {
-    ResetProgramState();
+    tests::ResetProgramState();
     world.registry = {};
     world.calls = {};
     world.boxes = {};
 }
 
 Run::~Run() {
-    ResetProgramState();
+    tests::ResetProgramState();
     Require(world.OutstandingHandles() == 0);
     Require(world.handles.WrongReleases() == 0);
 }
