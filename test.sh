@@ -15,8 +15,8 @@ for ring in "${rings[@]}"; do
   esac
 done
 
-tools/install_packages.sh clang-format clang-tidy cppcheck clang libclang-rt-14-dev librsvg2-bin python3-pil faketime \
-  osslsigncode openssl || exit 1
+tools/install_packages.sh clang-format clang-tidy cppcheck clang libclang-rt-14-dev python3-clang-14 libgtest-dev \
+  librsvg2-bin python3-pil faketime osslsigncode openssl || exit 1
 if ! { ./build.sh && cmake --build --preset windows; }; then
   echo "0 passed, 1 failed"
   exit 1

@@ -19,6 +19,11 @@ if(KESTRELMOOR_SANITIZE)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(KESTRELMOOR_COVERAGE)
+  target_compile_options(house_rules INTERFACE $<$<COMPILE_LANGUAGE:CXX>:--coverage>)
+  target_link_options(house_rules INTERFACE --coverage)
+endif()
+
 if(KESTRELMOOR_FUZZ)
   target_compile_options(house_rules INTERFACE -fsanitize=fuzzer-no-link)
   # Steps beyond a container's end are findings in the build without sanitizers, too.

@@ -81,7 +81,7 @@ def fuzzers():
 SUITES = {
     "native": [google_tests, fuzzers, python_tests("tests/languages"), python_tests("tests/help"),
                python_tests("tests/installer"),
-               python_tests("tests/lint")],
+               python_tests("tests/lint"), python_tests("tests/mutants"), python_tests("tests/coverage")],
     "desktop": [runner("bash", "tests/desktop/run.sh")],
     "interop": [runner("bash", "tests/interop/run.sh")],
 }

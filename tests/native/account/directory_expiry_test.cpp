@@ -74,6 +74,12 @@ TEST_F(DirectoryExpiry, ThereAreNever24Hours) {
     EXPECT_EQ(Report(), "message 4: phrase 8: \\\\ARCHIVE, 1, 00, noun 5 of 1, noun 6 of 0\r\n");
 }
 
+TEST_F(DirectoryExpiry, ASecondAheadOfAWholeDayIsTheHourBefore) {
+    DaysLeft(2 - 1.0 / 86400);
+    Check();
+    EXPECT_EQ(Report(), "message 4: phrase 8: \\\\ARCHIVE, 1, 23, noun 5 of 1, noun 6 of 23\r\n");
+}
+
 TEST_F(DirectoryExpiry, AReminderOfLessThanAnHourReportsNoDaysLeft) {
     for (const std::int32_t seconds : {0, 1, 3599, -1, -3599}) {
         gReminderTime = seconds;

@@ -96,6 +96,8 @@ TEST_F(BrowseMessages, TheSearchAsksForClassLengthAndTextAndNoMoreThanItNeeds) {
     EXPECT_EQ(FindPromptControl(other, 0), 1);
     ASSERT_EQ(Names(), (Lines{"GetClassNameW", "SendMessageW", "SendMessageW"}));
     EXPECT_EQ(world.calls.All()[1].arguments.at(1), u"14");
+    EXPECT_EQ(world.calls.All()[1].arguments.at(2), u"0");
+    EXPECT_EQ(world.calls.All()[1].arguments.at(3), u"0");
     EXPECT_EQ(world.calls.All()[2].arguments.at(1), u"13");
     EXPECT_EQ(world.calls.All()[2].arguments.at(2), u"6");
     EXPECT_EQ(FindPromptControl(Child(u"Static", kPrompt), 0), 0);
@@ -117,6 +119,12 @@ TEST_F(BrowseMessages, ASelectionEnablesOkWithItsKind) {
 TEST_F(BrowseMessages, ASelectionOfNothingAsksTheShellForNothing) {
     BrowseCallback(dialog, 2, 0, 0);
     EXPECT_EQ(Names(), Lines{"SendMessageW"});
+    EXPECT_EQ(world.calls.All()[0].arguments.at(2), u"0");
+}
+
+TEST_F(BrowseMessages, WithoutAPromptASelectionIsShownNowhere) {
+    Select({kArchive});
+    EXPECT_EQ(world.calls.Count("SendMessageW"), 1U);
 }
 
 TEST_F(BrowseMessages, ASelectionShowsInThePromptAndWhatCantBePickedLeavesIt) {

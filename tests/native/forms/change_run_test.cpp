@@ -32,6 +32,13 @@ TEST_F(ChangeRun, ThePasswordsHaveReallyChanged) {
     EXPECT_EQ(world.network.FindDomain(u"PRACTICE")->store.Find(u"user")->password, kNewPassword);
 }
 
+TEST_F(ChangeRun, WhatTheDirectoryHasChangedIsNotAskedOfTheNetworkToo) {
+    world.network.directory.present = true;
+    Run();
+    EXPECT_EQ(PasswordCalls(), Lines{});
+    EXPECT_EQ(world.network.FindComputer(u"ARCHIVE")->store.Find(u"user")->password, kNewPassword);
+}
+
 TEST_F(ChangeRun, EventsArePumpedOnceAtTheClickAndOnceBeforeEachTarget) {
     Open();
     TypePasswords(kOldPassword, kNewPassword);

@@ -263,6 +263,49 @@ TEST_F(OldPasswordList, AWindowClosedDuringTheWaitIsLeftAlone) {
     EXPECT_EQ(List().ListCount(), 3);
 }
 
+TEST_F(OldPasswordList, AWindowClosedWhileARowWaitsToBeAddedGetsNoRow) {
+    OpenRows();
+    world.actions.Queue([this] { user.CloseWindow(*form); }, 2);
+    Visit([](Form& owner) { owner.Find(u"lstOldPass").SetFocus(); });
+    EXPECT_TRUE(form->IsUnloaded());
+    EXPECT_EQ(List().ListCount(), 0);
+}
+
+TEST_F(OldPasswordList, AnEditIsNotWaitedForWhereTheCancelButtonCannotTakeTheFocus) {
+    OpenRows();
+    TypeOld(0, u"abc");
+    At(u"cmdCancel").SetEnabled(false);
+    world.calls.Clear();
+    form->RemoveTarget(u"PRACTICE");
+    EXPECT_EQ(world.calls.Count("PumpEvents"), 1U);
+    EXPECT_EQ(List().ListCount(), 2);
+}
+
+TEST_F(OldPasswordList, NothingIsPumpedForARowInTheSingleMode) {
+    Open();
+    world.calls.Clear();
+    form->RemoveTarget(u"PRACTICE");
+    EXPECT_EQ(world.calls.Count("PumpEvents"), 0U);
+    EXPECT_EQ(List().ListCount(), 2);
+}
+
+TEST_F(OldPasswordList, ASelectionThatChangesUnderAnOpenEditCommitsToItsOwnRow) {
+    OpenRows();
+    TypeOld(0, u"abc");
+    List().SetListIndex(1);
+    EXPECT_TRUE(EditIsOpen());
+    EXPECT_EQ(InPlace().Text(), u"");
+    EXPECT_EQ(Rows(), (Lines{Masked(" This computer", 3), Masked("\\\\ARCHIVE"), Masked("PRACTICE")}));
+}
+
+TEST_F(OldPasswordList, AnUpKeyInTheFirstRowCommitsAndBeginsAnew) {
+    OpenRows();
+    TypeOld(0, u"abc");
+    user.Press(key::kUp);
+    EXPECT_TRUE(EditIsOpen());
+    EXPECT_EQ(Rows().at(0), Masked(" This computer", 3));
+}
+
 TEST_F(OldPasswordList, TenThousandTargetsAreListedEditedAndLoadedAnew) {
     Configure(ManyServers(10000), false);
     OpenRows();

@@ -117,6 +117,7 @@ TEST_F(RequiredLength, AWindowClosedWhileItIsAskedForShowsNoBox) {
     EXPECT_TRUE(form->IsUnloaded());
     EXPECT_EQ(Boxes(), std::vector<ShownBox>{});
     EXPECT_EQ(ChangedServers(), Lines{});
+    EXPECT_EQ(form->Caption(), u"Change Password");
 }
 
 } // namespace kestrelmoor::tests

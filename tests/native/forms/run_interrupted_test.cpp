@@ -80,6 +80,15 @@ TEST_F(RunInterrupted, AWindowClosedWithinAPasswordCallIsTheLastTargets) {
     EXPECT_TRUE(form->IsUnloaded());
     EXPECT_EQ(ChangedServers().size(), 3U);
     EXPECT_TRUE(Application::Current().Forms().empty());
+    EXPECT_EQ(form->Caption(), u"Changing Password");
+}
+
+TEST_F(RunInterrupted, AWindowClosedWithinTheCallThatChangesTheOwnPasswordLogsOff) {
+    AtPasswordCall(1, [this] { user.CloseWindow(*form); });
+    ClickOk();
+    EXPECT_TRUE(form->IsUnloaded());
+    EXPECT_EQ(ChangedServers(), Lines{"\\\\WORKBENCH"});
+    EXPECT_EQ(CallsOf({"ExitWindowsEx"}), Lines{"ExitWindowsEx(\"0\", \"0\")"});
 }
 
 TEST_F(RunInterrupted, AClosedWindowNobodyHoldsLivesUntilItsClickHasEnded) {

@@ -148,6 +148,14 @@ TEST_F(SettingsServers, AListedNameBehindThePlaceholderIsFoundToo) {
     EXPECT_EQ(CurrentRow(), "\\\\ARCHIVE");
 }
 
+TEST_F(SettingsServers, AListedNameAheadOfThePlaceholderIsFoundToo) {
+    OpenWith({u"!one", u"\\\\ARCHIVE"});
+    AddName(u"!ONE");
+    Leave();
+    EXPECT_EQ(Rows(), (Lines{"!one", "\\\\ARCHIVE"}));
+    EXPECT_EQ(CurrentRow(), "!one");
+}
+
 TEST_F(SettingsServers, AServerAndADomainOfTheSameNameAreTwo) {
     OpenWith({u"ARCHIVE"});
     AddName(u"\\\\ARCHIVE");

@@ -67,6 +67,11 @@ TEST_F(WayBack, MakesNoPasswordCallAndNoLogOff) {
     EXPECT_TRUE(world.session_ends.empty());
 }
 
+TEST_F(WayBack, AsksNoTargetForItsPolicy) {
+    ClickOk();
+    EXPECT_EQ(CallsOf({"NetUserModalsGet", "NetGetDCName", "GetObject"}), Lines{});
+}
+
 TEST_F(WayBack, ShowsTheWaitLabelAndAnEmptyStatusBoxWhileItPumps) {
     Lines visible;
     Lines enabled;

@@ -100,6 +100,19 @@ TEST_F(WindowMessages, ASettingChangeReplacesBothIconsAndNothingElse) {
     EXPECT_EQ(world.calls.Count("OpenThemeData"), 0U);
 }
 
+TEST_F(WindowMessages, AColourChangeReplacesEachIconOnce) {
+    look.metrics = {{49, 24}, {50, 24}, {11, 48}, {12, 48}};
+    Send(kColourChange);
+    EXPECT_EQ(world.calls.Count("DestroyIcon"), 2U);
+}
+
+TEST_F(WindowMessages, ASettingChangeLeavesTheStateOfTheThemeAlone) {
+    PutStyleOn();
+    Send(kSettingChange);
+    EXPECT_FALSE(gThemed);
+    EXPECT_EQ(gPasswordChar, u"*");
+}
+
 TEST_F(WindowMessages, AThemeChangeRefreshesTheStateAndTheColoursFollowWithTheColourChange) {
     PutStyleOn();
     Send(kThemeChange);

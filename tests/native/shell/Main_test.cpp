@@ -231,6 +231,13 @@ TEST_F(StartUp, TheFirstSystemThatServesIsTaken) {
     EXPECT_EQ(gUserName, u"user");
 }
 
+TEST_F(StartUp, TheGateLetsItsOwnVersionIn) {
+    world.machine.version = {2, 4, 0, 0};
+    Start(u"");
+    EXPECT_EQ(Boxes(), std::vector<ShownBox>{});
+    EXPECT_EQ(gUserName, u"user");
+}
+
 TEST_F(StartUp, AVersionThatCannotBeLearnedIsRefused) {
     world.Fail("GetVersionExA", 1);
     Start(u"");

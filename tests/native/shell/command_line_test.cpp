@@ -24,6 +24,7 @@ TEST(CommandLineSplit, QuotesProtectBlanksAndStayInTheToken) {
     EXPECT_EQ(SplitCommandLine(u"/d \"C:\\My Logs\\a.log\" /f"),
               (StringList{u"/d", u"\"C:\\My Logs\\a.log\"", u"/f"}));
     EXPECT_EQ(SplitCommandLine(u"a\"b c\"d"), (StringList{u"a\"b c\"d"}));
+    EXPECT_EQ(SplitCommandLine(u"\"\" /f"), (StringList{u"\"\"", u"/f"}));
     EXPECT_EQ(SplitCommandLine(u"\"a b\" c \"d  e\""), (StringList{u"\"a b\"", u"c", u"\"d  e\""}));
     EXPECT_EQ(SplitCommandLine(u"\"a b\"\"c d\" e"), (StringList{u"\"a b\"\"c d\"", u"e"}));
 }

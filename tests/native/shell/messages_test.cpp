@@ -44,6 +44,11 @@ TEST(Placeholders, APercentSignAheadOfNoDigitStays) {
     EXPECT_EQ(FillPlaceholders(u"%x%%1", {u"a"}), u"%x%1");
 }
 
+TEST(Placeholders, TheCharactersAroundTheDigitsAreNone) {
+    const StringList ten{u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8", u"9", u"ten"};
+    EXPECT_EQ(FillPlaceholders(u"%: %/ %0", ten), u"%: %/ %0");
+}
+
 TEST(Placeholders, ANumberWithoutAnArgumentStays) {
     EXPECT_EQ(FillPlaceholders(u"%0 %3 %1", {u"a", u"b"}), u"%0 %3 a");
 }

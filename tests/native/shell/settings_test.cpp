@@ -209,11 +209,23 @@ TEST_F(Settings, TheRunValueCountsWhenItIsText) {
     EXPECT_FALSE(gAutoStart);
 }
 
+TEST_F(Settings, ServersAreAsManyAsSixteenBitsCanCount) {
+    StringList names(32767, u"A");
+    PutServers(names);
+    LoadSettings();
+    EXPECT_EQ(gServerCount, 32767);
+    names.push_back(u"A");
+    PutServers(names);
+    EXPECT_EQ(RaisedNumber(LoadSettings), 6);
+}
+
 TEST_F(Settings, ALanguageNumberIsLoadedAsASignedOneOfSixteenBits) {
     Put(u"LangID", kNumber, {0x07, 0x04, 0, 0});
     EXPECT_EQ(LoadLangID(), 1031);
     Put(u"LangID", kNumber, {0x00, 0x83, 0xFF, 0xFF});
     EXPECT_EQ(LoadLangID(), -32000);
+    Put(u"LangID", kNumber, {0x00, 0x80, 0xFF, 0xFF});
+    EXPECT_EQ(LoadLangID(), -32768);
     Put(u"LangID", kNumber, {0xFF, 0x7F, 0, 0});
     EXPECT_EQ(LoadLangID(), 32767);
 }

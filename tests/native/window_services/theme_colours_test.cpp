@@ -72,6 +72,17 @@ TEST_F(ThemeColours, WithoutTheThemeLibraryThereIsNeitherThemeNorApi) {
     ExpectState(false, false, u"*");
 }
 
+TEST_F(ThemeColours, AnEarlierStateIsNotKeptWhereNothingCanBeAsked) {
+    PutStyleOn();
+    look.library_present = false;
+    UpdateThemeState();
+    ExpectState(false, false, u"*");
+    gThemed = gThemeApiPresent = true;
+    gWinVersion = kWindowsXP - 1;
+    UpdateThemeState();
+    ExpectState(false, false, u"*");
+}
+
 TEST_F(ThemeColours, ALibraryWithoutItsFirstEntryIsNone) {
     look.missing_entries = {"IsAppThemed"};
     UpdateThemeState();
@@ -193,6 +204,7 @@ TEST_F(ThemeColours, MixingIsTheMeanOfEachChannelRoundedDown) {
     EXPECT_EQ(MixColors(0x000000, 0xFFFFFF), 0x7F7F7FU);
     EXPECT_EQ(MixColors(0x010203, 0x020304), 0x010203U);
     EXPECT_EQ(MixColors(0x0000FF, 0x00FF00), 0x007F7FU);
+    EXPECT_EQ(MixColors(0x040608, 0x040404), 0x040506U);
 }
 
 TEST_F(ThemeColours, MixingAReferenceTakesItsPresentValue) {
@@ -282,6 +294,19 @@ TEST_F(ThemeColours, ATextBoxIsTintedWhileItHasTheFocusAndWhiteAgainAfterwards) 
     EXPECT_EQ(form->txtText.ForeColor(), 0x080808U);
     form->cmdOK.SetFocus();
     EXPECT_EQ(form->txtText.BackColor(), 0xFFFFFFU);
+}
+
+TEST_F(ThemeColours, AListIsNotTintedWhileItHasTheFocus) {
+    PutStyleOn();
+    form->lstRows.SetFocus();
+    ApplyThemedColors(*form);
+    EXPECT_EQ(form->lstRows.BackColor(), 0x050505U);
+}
+
+TEST_F(ThemeColours, APlainColourIsPlainWhateverItsLastBit) {
+    PutStyleOn();
+    EXPECT_EQ(Ask(0x00000F, false, true), 0x00000FU);
+    EXPECT_EQ(Names(), Lines{});
 }
 
 TEST_F(ThemeColours, BothIconsAreLoadedInTheSizesThatTheSystemAsksFor) {
