@@ -18,11 +18,6 @@ constexpr std::size_t kLongestStart = 400; ///< inputs: a way that can still be 
 constexpr int kMostBarrenStarts = 30;      ///< in a row, without anything new
 constexpr std::size_t kMostFindings = 10;
 
-practice::World& World() {
-    static practice::ScopedWorld world;
-    return world;
-}
-
 std::string JoinedWay(const std::vector<std::string>& way) {
     std::string text;
     for (const std::string& step : way)
@@ -55,7 +50,7 @@ Explorer::Result Explorer::Explore() {
 }
 
 void Explorer::StartProgram() {
-    practice::World& world = World();
+    practice::World& world = LastingWorld();
     ForgetCuePoint();
     PutBack(world, *mStartWorld);
     world.machine.command_line = FromUtf8(mStart.arguments);
@@ -134,7 +129,7 @@ bool Explorer::ChooseNext() {
     const UserAction action = mStates[mCurrent].edges[*edge].action;
     mWay.push_back(TextOf(action));
     ++mResult.steps;
-    World().calls.Clear();
+    LastingWorld().calls.Clear();
     CarryOut(action);
     return true;
 }

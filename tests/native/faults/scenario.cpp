@@ -76,7 +76,7 @@ const std::vector<Scenario>& AllScenarios() {
 }
 
 Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>& faults) {
-    static practice::ScopedWorld world;
+    World& world = LastingWorld();
     Prepare(world, scenario, faults);
     Application::Current().SetDesktop(&platform::TheDesktop());
     Outcome outcome;

@@ -32,6 +32,11 @@ void ResetProgramState() {
     gMsgBoxHook = 0;
 }
 
+practice::World& LastingWorld() {
+    static practice::ScopedWorld world;
+    return world;
+}
+
 void ForgetCuePoint() {
     InstallCueHooks();
     for (const platform::ScreenPoint& point : {platform::ScreenPoint{1000, 1000}, platform::ScreenPoint{}})
