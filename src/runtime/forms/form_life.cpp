@@ -76,12 +76,12 @@ void Form::Unload() {
     if (!IsLoaded() || mUnloading)
         return;
     struct Unloading {
-        explicit Unloading(bool& flag) : mFlag(flag) { mFlag = true; }
-        ~Unloading() { mFlag = false; }
-        bool& mFlag;
+        bool& flag;
+        ~Unloading() { flag = false; }
     };
     const std::shared_ptr<Form> alive = weak_from_this().lock();
-    const Unloading unloading(mUnloading);
+    mUnloading = true;
+    const Unloading unloading{mUnloading};
     Form_Unload();
     TellHidden(nullptr);
     Disappear();
