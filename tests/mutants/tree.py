@@ -8,10 +8,15 @@ import pathlib
 import shlex
 import shutil
 import subprocess
+import sys
 
 import points
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path.append(str(ROOT / "tests" / "lint"))
+
+from sources import relative, tracked  # noqa: E402
+
 FOLDER = ROOT / "out" / "mutants"
 TREE = FOLDER / "tree"
 BUILD = TREE / "out" / "native"
@@ -28,17 +33,6 @@ def is_changed(name):
     return any(fnmatch.fnmatch(name, pattern) for pattern in CHANGED) and not any(
         fnmatch.fnmatch(name, pattern) for pattern in UNCHANGED
     )
-
-
-def project_files():
-    listed = subprocess.run(
-        ["git", "ls-files", "--cached", "--others", "--exclude-standard"],
-        cwd=ROOT,
-        stdout=subprocess.PIPE,
-        text=True,
-        check=True,
-    ).stdout.split("\n")
-    return sorted({name for name in listed if name and (ROOT / name).is_file()})
 
 
 def write(path, content):
@@ -115,7 +109,7 @@ def put_switches_in(found):
 
 def build(jobs):
     """The test program of the changed copy, and [(number, point)]."""
-    names = project_files()
+    names = [relative(path) for path in tracked()]
     copy(names)
     for name in filter(is_changed, names):
         if not (TREE / name).exists():
