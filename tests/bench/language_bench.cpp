@@ -1,3 +1,4 @@
+#include "language_library_files.h"
 #include "languages/localization_abi.h"
 
 #include <benchmark/benchmark.h>

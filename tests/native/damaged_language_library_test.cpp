@@ -1,4 +1,5 @@
 // What a language library does with texts that are missing or damaged.
+#include "language_library_files.h"
 #include "tests/native/support/loaded_library.h"
 
 #include <unistd.h>

@@ -1,4 +1,5 @@
 // The language library, reached as the program reaches it: loaded from its file, through its two exports.
+#include "language_library_files.h"
 #include "tests/native/support/loaded_library.h"
 
 #include <array>
