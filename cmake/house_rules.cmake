@@ -20,8 +20,8 @@ if(KESTRELMOOR_SANITIZE)
 endif()
 
 if(KESTRELMOOR_COVERAGE)
-  target_compile_options(house_rules INTERFACE $<$<COMPILE_LANGUAGE:CXX>:--coverage>)
-  target_link_options(house_rules INTERFACE --coverage)
+  target_compile_options(house_rules INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-fprofile-instr-generate;-fcoverage-mapping>")
+  target_link_options(house_rules INTERFACE -fprofile-instr-generate)
 endif()
 
 if(KESTRELMOOR_FUZZ)

@@ -6,12 +6,12 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 cd "$here/../.."
 
-tools/install_packages.sh cmake ninja-build g++ nlohmann-json3-dev libgtest-dev python3 python3-polib gettext gcovr
+tools/install_packages.sh cmake ninja-build clang llvm nlohmann-json3-dev libgtest-dev python3 python3-polib gettext
+out=out/coverage
+tests=$out/tests/native/native_tests
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage --target native_tests
-find out/coverage -name '*.gcda' -delete
-out/coverage/tests/native/native_tests --gtest_brief=1
-# A branch that only an exception takes is none of ours.
-gcovr --root . --object-directory out/coverage --filter src/ --exclude src/platform/windows/ \
-    --exclude-throw-branches --exclude-unreachable-branches --json out/coverage/report.json out/coverage
-exec /usr/bin/python3 -B "$here/report.py" out/coverage/report.json docs/coverage.md
+LLVM_PROFILE_FILE=$out/native_tests.profraw $tests --gtest_brief=1
+llvm-profdata merge -o $out/native_tests.profdata $out/native_tests.profraw
+llvm-cov export --format=lcov --instr-profile=$out/native_tests.profdata $tests src >$out/report.info
+exec /usr/bin/python3 -B "$here/report.py" $out/report.info docs/coverage.md

@@ -2,7 +2,6 @@
 
 import contextlib
 import io
-import json
 import pathlib
 import tempfile
 import unittest
@@ -13,15 +12,16 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
 def line(number, count, *branches):
-    return {"line_number": number, "count": count, "branches": [{"count": taken} for taken in branches]}
+    taken = "".join("BRDA:%d,0,%d,%s\n" % (number, place, taken) for place, taken in enumerate(branches))
+    return taken + "DA:%d,%d\n" % (number, count)
 
 
 class TheReport(unittest.TestCase):
     def run_on(self, lines, page):
         """(exit code, what is printed)"""
         with tempfile.TemporaryDirectory() as folder:
-            counted = pathlib.Path(folder) / "report.json"
-            counted.write_text(json.dumps({"files": [{"file": "src/a.cpp", "lines": lines}]}))
+            counted = pathlib.Path(folder) / "report.info"
+            counted.write_text("SF:src/a.cpp\n%send_of_record\n" % "".join(lines))
             told = pathlib.Path(folder) / "page.md"
             told.write_text(page)
             printed = io.StringIO()
@@ -51,6 +51,16 @@ class TheReport(unittest.TestCase):
         self.assertEqual(1, self.run_on(few_lines, "- `src/a.cpp` (4): nobody comes there\n")[0])
         self.assertEqual(1, self.run_on([line(1, 1, *[1] * 91, *[0] * 9)], "")[0])
         self.assertEqual(0, self.run_on([line(1, 1, *[1] * 92, *[0] * 8)], "")[0])
+
+    def test_a_branch_counts_once_however_many_instances_a_template_has(self):
+        code, printed = self.run_on([line(1, 0, "-", 1), line(1, 2, 3, 0)], "")
+        self.assertEqual((0, "lines 1 of 1 (100.0 %), branches 2 of 2 (100.0 %)\n"), (code, printed))
+
+    def test_only_the_portable_sources_count(self):
+        windows = "end_of_record\nSF:src/platform/windows/b.cpp\n" + line(1, 0)
+        tests = "end_of_record\nSF:tests/native/c.cpp\n" + line(1, 0)
+        code, printed = self.run_on([line(1, 1), windows, tests], "")
+        self.assertEqual((0, "lines 1 of 1 (100.0 %), branches 0 of 0 (100.0 %)\n"), (code, printed))
 
     def test_nothing_counted_fails(self):
         self.assertEqual(1, self.run_on([], "")[0])
