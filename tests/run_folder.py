@@ -4,15 +4,13 @@ import pathlib
 import sys
 import unittest
 
+import timed_result
+
 
 def main(folder):
     sys.path.insert(0, str(folder))
     suite = unittest.defaultTestLoader.discover(str(folder))
-    result = unittest.TextTestRunner(stream=sys.stdout, verbosity=1).run(suite)
-    failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
-    skipped = len(result.skipped)
-    print("%s: %d passed, %d failed, %d skipped" % (folder.name, result.testsRun - failed - skipped, failed, skipped))
-    return 1 if failed else 0
+    return timed_result.run(suite, folder.name, verbosity=1)
 
 
 if __name__ == "__main__":

@@ -17,7 +17,7 @@ list_missing() {
 }
 
 install() {
-    apt-get install --yes --no-install-recommends --quiet=2 "$@" </dev/null
+    apt-get install --yes --no-install-recommends --quiet=2 "$@" </dev/null 9>&-
 }
 
 main() {
@@ -32,12 +32,17 @@ main() {
         echo "Packages are missing. Run as root: apt-get install ${missing[*]}" >&2
         return 2
     fi
+    # Another one may be at it, and apt doesn't wait. What a package starts must not keep the lock.
+    exec 9>"${TMPDIR:-/tmp}/kestrelmoor-install-packages.lock"
+    flock 9
+    mapfile -t missing < <(list_missing "$@")
+    [ "${#missing[@]}" -gt 0 ] || return 0
     printf 'installing %s\n' "${missing[@]}"
 
     export DEBIAN_FRONTEND=noninteractive
     # The lists on this computer may be too old or missing: fetch them only when they don't do.
     if ! install "${missing[@]}" >/dev/null 2>&1; then
-        apt-get update --quiet=2
+        apt-get update --quiet=2 9>&-
         install "${missing[@]}" >/dev/null
     fi
     mapfile -t missing < <(list_missing "$@")

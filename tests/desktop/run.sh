@@ -6,10 +6,10 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 project=$(cd "$here/../.." && pwd)
 
-"$project/tools/install_packages.sh" python3 python3-polib util-linux xvfb xdotool imagemagick locales \
-    cmake ninja-build g++-mingw-w64-i686-win32
-cmake -G Ninja -S "$here/driver" -B "$project/out/desktop/build" -DCMAKE_BUILD_TYPE=MinSizeRel \
-    -DCMAKE_TOOLCHAIN_FILE="$project/cmake/mingw-i686.cmake" >/dev/null
-ninja -C "$project/out/desktop/build" -j "$(nproc)" --quiet
+"$project/tools/install_packages.sh" python3 python3-polib python3-pefile gettext util-linux xvfb xdotool imagemagick \
+    locales cmake ninja-build g++-mingw-w64-i686-win32 googletest
+cd "$project"
+cmake --preset windows >/dev/null
+cmake --build --preset windows --target driver test_window heap_probe bare_controls
 cd "$here"
 exec /usr/bin/python3 -B -u run_tests.py "$@"

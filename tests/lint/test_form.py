@@ -3,7 +3,7 @@
 import subprocess
 import unittest
 
-from sources import ROOT, relative, tracked
+from sources import relative, tracked
 
 LARGEST_FILE = 500
 
@@ -35,23 +35,3 @@ class Form(unittest.TestCase):
                 if line != line.rstrip() or "\t" in line:
                     found.append("%s:%d" % (relative(path), number))
         self.assertEqual([], found)
-
-
-class StaticAnalysis(unittest.TestCase):
-    maxDiff = None
-
-    def test_clang_tidy_finds_nothing_in_the_portable_code(self):
-        sources = [
-            str(path)
-            for path in tracked(".cpp")
-            if path.is_relative_to(ROOT / "src") and "windows" not in relative(path)
-        ]
-        self.assertGreater(len(sources), 30)
-        checked = subprocess.run(
-            ["xargs", "-P", "2", "-n", "4", "clang-tidy", "--quiet", "-p", str(ROOT / "out" / "native")],
-            input="\n".join(sources),
-            stdout=subprocess.PIPE,
-            stderr=subprocess.DEVNULL,
-            text=True,
-        )
-        self.assertEqual((0, ""), (checked.returncode, checked.stdout.strip()))

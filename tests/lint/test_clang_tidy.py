@@ -1,0 +1,94 @@
+"""clang-tidy finds nothing in the portable code; and it would, however the sources are put together."""
+
+import pathlib
+import tempfile
+import unittest
+
+import clang_tidy
+
+CLEAN = "namespace kestrelmoor {\nint %s() { return 1; }\n} // namespace kestrelmoor\n"
+FAULTY = "int* %s() { return 0; }\n"
+FAULT = "%s:1:%d: error: use nullptr [modernize-use-nullptr"
+HIDDEN = "namespace {\nint hidden = 1;\n}\nint* %s() { return hidden == 0 ? nullptr : &hidden; }\n"
+USING = "namespace far {\nint away();\n}\nusing far::away;\n"
+
+
+class PortableCode(unittest.TestCase):
+    maxDiff = None
+
+    def test_nothing_is_found(self):
+        sources = clang_tidy.portable_sources()
+        self.assertGreater(len(sources), 30)
+        self.assertEqual("", clang_tidy.look(sources))
+
+
+class MadeUp(unittest.TestCase):
+    def setUp(self):
+        folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory())).resolve()
+        self.sources = folder / "src"
+        self.sources.mkdir()
+        self.work = folder / "work"
+        self.work.mkdir()
+        self.cache = folder / "cache"
+
+    def write(self, name, text):
+        path = self.sources / name
+        path.write_text(text, encoding="ascii")
+        return path
+
+    def look(self, *sources, flags=("-std=c++20",)):
+        inspector = clang_tidy.Inspector(self.work, self.cache)
+        return inspector.look({path: list(flags) for path in sources})
+
+    def remembered(self):
+        return len(list(self.cache.iterdir()))
+
+    def test_a_fault_in_any_of_a_group_is_found(self):
+        sources = [self.write(*file) for file in (
+            ("a.cpp", CLEAN % "A"), ("b.cpp", FAULTY % "B"), ("c.cpp", FAULTY % "C"))]
+        found = self.look(*sources)
+        self.assertEqual([0, 1, 1], [found.count(FAULT % (path, 19)) for path in sources])
+        self.assertEqual(0, self.remembered())
+
+    def test_a_fault_in_a_header_is_found(self):
+        header = self.write("h.h", "inline " + FAULTY % "H")
+        source = '#include "h.h"\n' + CLEAN
+        found = self.look(self.write("a.cpp", source % "A"), self.write("b.cpp", CLEAN % "B"))
+        self.assertIn(FAULT % (header, 26), found)
+
+    def test_sources_that_use_the_same_name_are_looked_at_all_the_same(self):
+        sources = [self.write(name + ".cpp", HIDDEN % name + FAULTY % (name + "2")) for name in ("a", "b", "c")]
+        found = self.look(*sources)
+        self.assertEqual([1, 1, 1], [found.count("%s:5:20: error: use nullptr" % path) for path in sources])
+        self.assertNotIn("redefinition", found)
+
+    def test_what_only_the_main_file_is_asked_for_is_found_in_each(self):
+        sources = [self.write("a.cpp", USING + CLEAN % "A"), self.write("b.cpp", USING + CLEAN % "B")]
+        found = self.look(*sources)
+        told = "%s:4:12: error: using decl 'away' is unused"
+        self.assertEqual([1, 1], [found.count(told % path) for path in sources])
+
+    def test_a_source_that_the_compiler_refuses_is_a_finding(self):
+        sources = [self.write("a.cpp", CLEAN % "A"), self.write("b.cpp", '#include "missing.h"\n')]
+        self.assertIn("b.cpp:1:10: error: 'missing.h' file not found", self.look(*sources))
+
+    def test_what_was_clean_is_remembered_until_something_that_it_hangs_on_changes(self):
+        header = self.write("h.h", CLEAN % "H")
+        source = self.write("a.cpp", '#include "h.h"\n#ifdef WITH_FAULT\n%s#endif\n' % (FAULTY % "A"))
+        self.assertEqual(("", 1), (self.look(source), self.remembered()))
+        self.assertEqual(("", 1), (self.look(source), self.remembered()))
+        self.assertIn("use nullptr", self.look(source, flags=("-std=c++20", "-DWITH_FAULT")))
+        header.write_text(FAULTY % "H", encoding="ascii")
+        self.assertIn("use nullptr", self.look(source))
+        self.assertEqual(1, self.remembered())
+
+    def test_what_is_remembered_is_not_looked_at_again(self):
+        source = self.write("a.cpp", FAULTY % "A")
+        inspector = clang_tidy.Inspector(self.work, self.cache)
+        flags = ["-std=c++20"]
+        (self.cache / inspector.key(source, [source], flags, ())).touch()
+        self.assertEqual("", inspector.look({source: flags}))
+
+
+if __name__ == "__main__":
+    unittest.main()
