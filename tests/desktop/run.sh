@@ -10,6 +10,6 @@ project=$(cd "$here/../.." && pwd)
     locales cmake ninja-build g++-mingw-w64-i686-win32 googletest
 cd "$project"
 cmake --preset windows >/dev/null
-cmake --build --preset windows --target driver test_window heap_probe bare_controls
+cmake --build --preset windows --target driver test_window heap_probe ran_mark bare_controls
 cd "$here"
 exec /usr/bin/python3 -B -u run_tests.py "$@"

@@ -2,9 +2,10 @@
 
 import unittest
 
+from desktop import OUT
 from desktop_case import DesktopCase
 from held_network import HeldNetwork
-from password_window import OK, PROGRAM, SETTINGS_BUTTON, STAND_INS, TITLE, PasswordWindow, targets
+from password_window import OK, SETTINGS_BUTTON, STAND_INS, TITLE, PasswordWindow, targets
 from practice_network import program_folder
 from settings_window import ABOUT, LANGUAGES, SettingsWindow
 
@@ -14,6 +15,8 @@ from the program's folder, ahead of the program's first line."""
 REFUSED = 2245
 WORDS, OTHER_WORDS = "The new password breaks", "These words are planted"
 OWN = {"moorlink.exe", "default.loc"}
+RAN_MARK = OUT / "desktop" / "ran_mark.dll"
+"""Leaves a file beside itself where its code is run, even if it is let go at once."""
 
 
 def planted_library():
@@ -36,6 +39,11 @@ class PlantedCase(DesktopCase):
         """In both folders."""
         for folder in (self.program.parent, self.elsewhere):
             (folder / name).write_bytes(content)
+
+    def plant_mark(self, path):
+        """A library without entries; where its code is run, the file that is given here is made."""
+        path.write_bytes(RAN_MARK.read_bytes())
+        return path.with_name(path.name + ".ran")
 
     def loaded_from(self, folder, process):
         """Names of the libraries that a program has from a folder."""
@@ -86,7 +94,7 @@ class Libraries(PlantedCase):
 
 class Languages(PlantedCase):
     def test_one_in_the_current_directory_is_listed_and_not_loaded(self):
-        (self.elsewhere / "1035.loc").write_bytes((PROGRAM.parent / "default.loc").read_bytes())
+        mark = self.plant_mark(self.elsewhere / "1035.loc")
         settings = SettingsWindow(self.desktop, program=self.program, folder=self.elsewhere)
         process = settings.passwords.process
         self.assertIn("Finnish", [row.text.split(" ")[0] for row in self.desktop.rows(settings.control(LANGUAGES))])
@@ -95,6 +103,14 @@ class Languages(PlantedCase):
         settings.save()
         self.assert_only_own(process)
         self.assertEqual(settings.passwords.title(), TITLE)
+        self.assertFalse(mark.exists())
+
+    def test_one_in_the_programs_folder_is_run(self):
+        mark = self.plant_mark(self.program.parent / "default.loc")
+        process = self.desktop.start(self.program, ["/f"])
+        self.desktop.box(pid=process.pid).answer("OK")
+        self.assertEqual(process.wait_exit(), 0)
+        self.assertTrue(mark.exists())
 
 
 if __name__ == "__main__":

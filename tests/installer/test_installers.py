@@ -81,6 +81,15 @@ class Content(InstallerCase):
         self.assertNotIn("AppSearch", [row[0] for row in table(package, "InstallUISequence")])
         self.assertNotIn("SETUPUNINSTALLER", dict(table(package, "Property"))["SecureCustomProperties"])
 
+    def test_files_keep_the_rights_of_their_folder(self):
+        package = build(self.program, self.folder / "out")[".msi"]
+        self.assertEqual([], [name for name in told("msiinfo", "tables", package).split() if "Permission" in name])
+        self.assertEqual(["RemoveSetup"], [row[0] for row in table(package, "CustomAction")])
+        script = (INSTALLER / "setup" / "kestrelmoor.nsi").read_text(encoding="utf-8")
+        self.assertEqual({"System", "UserInfo"}, set(re.findall(r"^ *(\w+)::", script, re.MULTILINE)))
+        called = re.findall(r"^ *(?:Exec\w*|System::\w+) ['\"]+([$\w\\.:]+)", script, re.MULTILINE)
+        self.assertEqual(["msi::MsiEnumRelatedProductsW", "$SYSDIR\\msiexec.exe", "$1"], called)
+
     def test_the_fifteen_languages_have_both_texts(self):
         script = (INSTALLER / "setup" / "texts.nsh").read_text(encoding="utf-8")
         found = re.findall(r'^!insertmacro LANGUAGE (\w+) \\\n  "([^"]+)" \\\n  "([^"]+)"$', script, re.MULTILINE)

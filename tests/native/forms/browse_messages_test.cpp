@@ -140,8 +140,10 @@ TEST_F(BrowseMessages, ASelectionShowsInThePromptAndWhatCantBePickedLeavesIt) {
 TEST_F(BrowseMessages, ALongPromptIsGivenToItsControlWhole) {
     gBrowseTitle = String(5000, u'p');
     gBrowsePrompt = Child(u"Static", u"");
+    std::string whole(5000, 'p');
+    whole.append("   GROUP");
     Select({kGroup});
-    EXPECT_EQ(TextOf(gBrowsePrompt), std::string(5000, 'p') + "   GROUP");
+    EXPECT_EQ(TextOf(gBrowsePrompt), whole);
 }
 
 TEST_F(BrowseMessages, AnyOtherMessageIsNothing) {

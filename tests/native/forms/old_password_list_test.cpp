@@ -58,7 +58,7 @@ TEST_F(OldPasswordList, AnotherMaskCharacterReachesEveryRowAtItsLength) {
     OpenRows();
     TypeOld(1, u"abc");
     Leave();
-    gPasswordChar = u"#";
+    gPasswordChar.assign(1, u'#');
     form->UpdateUI();
     EXPECT_EQ(Rows(), (Lines{" This computer\t########", "\\\\ARCHIVE\t###", "PRACTICE\t########"}));
     for (const char16_t* name : {u"txtOldPass", u"txtNewPass", u"txtConfirm"})

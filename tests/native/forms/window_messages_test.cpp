@@ -43,7 +43,7 @@ class ColouredForm : public ProbeForm, public IThemed {
 } // namespace
 
 TEST_F(WindowMessages, AColourChangeRefreshesColoursIconsAndMasks) {
-    gPasswordChar = u"#";
+    gPasswordChar.assign(1, u'#');
     look.metrics[49] = 24;
     look.metrics[50] = 24;
     Send(kColourChange);
