@@ -11,12 +11,14 @@ A point is a place and a kind of change:
     number      a number or a character is one higher
     constant    a named number is one higher
 
-Left alone: declarations, constants, constexpr functions, case labels, template arguments, what stands in a macro.
+Left alone: declarations, constants, constexpr functions, case labels, template arguments, what stands in a macro, the
+first value of what a call fills in (filled_in.py), and the NUL that an empty buffer is made of.
 """
 
 import dataclasses
 import re
 
+import filled_in
 from clang.cindex import Config, CursorKind, Index, TranslationUnit, TypeKind
 
 if not Config.loaded and not Config.library_file:
@@ -149,7 +151,7 @@ class Finder:
 
     # Statements.
 
-    def statement(self, cursor, parent):
+    def statement(self, cursor, parent, behind=()):
         kind = cursor.kind
         if kind in BRANCHES:
             self.branch(cursor)
@@ -158,16 +160,17 @@ class Finder:
                 self.statement(child, cursor)
         elif kind == CursorKind.DECL_STMT:
             for child in cursor.get_children():
-                self.local(child)
+                self.local(child, behind)
         elif kind.is_expression():
             self.left_out(cursor)
             self.expression(cursor, parent)
         elif kind in JUMPS:
             self.jump(cursor)
         else:
-            for child in cursor.get_children():
+            children = list(cursor.get_children())
+            for place, child in enumerate(children, 1):
                 if child.kind.is_statement() or kind == CursorKind.COMPOUND_STMT:
-                    self.statement(child, cursor)
+                    self.statement(child, cursor, children[place:])
                 elif child.kind.is_expression():
                     self.expression(child, cursor)
 
@@ -233,8 +236,8 @@ class Finder:
                 stops.append(offset)
         raise ValueError("%s:%d: no brackets" % (self.name, cursor.location.line))
 
-    def local(self, cursor):
-        """A variable of a function: what it starts with may be changed, unless it is a constant."""
+    def local(self, cursor, behind=()):
+        """A variable of a function: what it starts with may be changed, unless it is a constant or not used."""
         if cursor.kind != CursorKind.VAR_DECL:
             return
         head = self.text(cursor.extent.start.offset, cursor.location.offset)
@@ -248,7 +251,8 @@ class Finder:
         ]
         if cursor.type.get_canonical().kind == TypeKind.CONSTANTARRAY:
             values = [value for value in values if value.kind not in LITERALS]
-        if cursor.type.is_const_qualified() and not any(self.is_worked_out(value) for value in values):
+        worked_out = any(self.is_worked_out(value) for value in values)
+        if not worked_out and (cursor.type.is_const_qualified() or filled_in.is_filled_in(cursor, behind)):
             return
         for value in values:
             if cursor.type.get_canonical().kind == TypeKind.BOOL:
@@ -350,6 +354,8 @@ class Finder:
         if parent.kind in (CursorKind.DECL_REF_EXPR, CursorKind.MEMBER_REF_EXPR):
             return  # an argument of a template
         start, end = span(cursor)
+        if self.source[start:end] == b"u'\\0'" and parent.spelling == "basic_string":
+            return
         if NUMBER.fullmatch(self.source[start:end]):
             self.turned("number", cursor, "%s + 1" % self.text(start, end))
 

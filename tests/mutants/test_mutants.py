@@ -71,6 +71,20 @@ class ThePoints(unittest.TestCase):
         self.check("std::array<int, 3>")
         self.check("TWICE(4)")
 
+    def test_the_first_value_of_what_a_call_fills_in_is_left_alone(self):
+        self.check("int asked = 0;")
+        self.check("int copied = 0;")
+        self.check("int discarded = 0;")
+        self.check("buffer(3, u", ("number", "3 + 1"))
+
+    def test_a_first_value_that_may_be_read_is_changed(self):
+        self.check("int unasked = 0;", ("number", "0 + 1"))
+        self.check("int skipped = 0;", ("number", "0 + 1"))
+        self.check("int kept = 0;", ("number", "0 + 1"))
+        self.check("int gone_on = 0;", ("number", "0 + 1"))
+        self.check("int passed = 0;", ("number", "0 + 1"))
+        self.check("text(3, u", ("number", "3 + 1"), ("number", "u'x' + 1"))
+
     def test_no_two_have_the_same_key(self):
         keys = [point.key for point in found()]
         self.assertGreater(len(keys), 30)

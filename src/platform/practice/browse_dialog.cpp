@@ -14,6 +14,8 @@ using practice::SystemWindow;
 using practice::SystemWindows;
 using practice::TheWorld;
 
+constexpr std::uint8_t kDesktop[2] = {}; ///< its list: no item
+
 /// The windows of the dialog: itself, and in it a picture's frame without a text, a group that holds the
 /// prompt, the tree and the buttons.
 class DialogWindows {
@@ -67,7 +69,10 @@ void RunDialog(BrowseDialog& dialog, const BrowseInfo& info) {
         tell(browse_message::kSelectionChanged, reinterpret_cast<std::intptr_t>(list.data()));
     };
     tell(browse_message::kInitialized, 0);
-    dialog.Select(practice::ItemPath());
+    if (dialog.Root())
+        dialog.Select(*dialog.Root());
+    else
+        tell(browse_message::kSelectionChanged, reinterpret_cast<std::intptr_t>(kDesktop));
     TheWorld().browser.Run(dialog, [] { return TheWorld().actions.RunNext(); });
 }
 
@@ -76,9 +81,10 @@ void RunDialog(BrowseDialog& dialog, const BrowseInfo& info) {
 std::uint8_t* SHBrowseForFolderW(BrowseInfo& info) {
     practice::World& world = TheWorld();
     const String title = info.lpszTitle ? info.lpszTitle : u"";
-    if (world.calls.Enter("SHBrowseForFolderW", {info.hwndOwner, title, info.ulFlags, info.iImage}))
+    const std::size_t room = info.pszDisplayName ? info.pszDisplayName->size() : 0;
+    if (world.calls.Enter("SHBrowseForFolderW", {info.hwndOwner, title, info.ulFlags, info.iImage, room}))
         return nullptr;
-    BrowseDialog dialog(world.shell);
+    BrowseDialog dialog(world.shell, world.shell.PathOf(info.pidlRoot));
     RunDialog(dialog, info);
     if (!dialog.IsAccepted())
         return nullptr;

@@ -108,6 +108,10 @@ struct Speaker : Held<ILocalization, Speaker> {
         return *out ? LOC_S_OK : LOC_E_OUTOFMEMORY;
     }
 
+    static std::int32_t QueryInterface(ILocalization* self, const Guid* iid, void** out) {
+        const std::int32_t result = ScriptOf(self).interface_result;
+        return Same(*iid, kIid) && result != LOC_S_OK ? result : Held::QueryInterface(self, iid, out);
+    }
     static std::int32_t Initialize(ILocalization* self, std::int32_t, std::int16_t nLangID) {
         const LanguageScript& script = ScriptOf(self);
         const auto& languages = script.languages;
@@ -158,7 +162,7 @@ struct Factory : Held<IClassFactory, Factory> {
     static std::int32_t CreateInstance(IClassFactory* self, void*, const Guid* iid, void** out) {
         const Counted& counted = static_cast<Factory*>(self)->counted;
         *out = nullptr;
-        if (counted.Script().create_result < 0)
+        if (counted.Script().create_result != LOC_S_OK)
             return counted.Script().create_result;
         auto* const speaker = new Speaker(counted.Library());
         const std::int32_t result = Speaker::QueryInterface(speaker, iid, out);
@@ -172,7 +176,7 @@ const IClassFactoryTable Factory::kTable = {QueryInterface, AddRef, Release, Cre
 
 std::int32_t GetClassObject(const Guid* clsid, const Guid* iid, void** out) {
     *out = nullptr;
-    if (asked_library->Script().class_result < 0)
+    if (asked_library->Script().class_result != LOC_S_OK)
         return asked_library->Script().class_result;
     if (!Same(*clsid, kClsidLocalization))
         return LOC_CLASS_E_CLASSNOTAVAILABLE;

@@ -1,7 +1,9 @@
 #include "tests/mutants/tiny/tiny.h"
 
 #include <array>
+#include <cstring>
 #include <optional>
+#include <string>
 
 #define TWICE(x) ((x) + (x) + 0)
 
@@ -57,6 +59,42 @@ int Steps(int number) {
 int Fixed() {
     std::array<int, 3> numbers{};
     return static_cast<int>(numbers.size()) + TWICE(4);
+}
+
+bool Read(int from, int& number) {
+    if (from >= 0)
+        number = from;
+    return from >= 0;
+}
+
+int FilledIn(int from) {
+    int asked = 0;
+    if (!Read(from, asked))
+        return -1;
+    int copied = 0;
+    std::memcpy(&copied, &asked, sizeof copied);
+    int discarded = 0;
+    Read(from, discarded);
+    std::u16string buffer(3, u'\0');
+    return asked + copied + static_cast<int>(buffer.size());
+}
+
+int PerhapsFilledIn(int from) {
+    int unasked = 0;
+    Read(from, unasked);
+    int skipped = 0;
+    if (from > 10 && !Read(from, skipped))
+        return -1;
+    int kept = 0;
+    if (Read(from, kept))
+        return kept;
+    int gone_on = 0;
+    if (!Read(from, gone_on))
+        skipped = -1;
+    int passed = 0;
+    MoodOf(passed);
+    std::u16string text(3, u'x');
+    return unasked + skipped + kept + gone_on + static_cast<int>(text.size());
 }
 
 bool HasHalf(int number) {

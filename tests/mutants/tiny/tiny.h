@@ -19,6 +19,9 @@ class Counter {
 Mood MoodOf(int number);
 int Steps(int number);
 int Fixed();
+bool Read(int from, int& number);
+int FilledIn(int from);
+int PerhapsFilledIn(int from);
 bool HasHalf(int number);
 
 } // namespace tiny

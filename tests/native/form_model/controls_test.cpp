@@ -120,6 +120,41 @@ TEST_F(Controls, StrayCharactersEndInTheForm) {
     EXPECT_TRUE(form->KeyPress(letter));
 }
 
+TEST_F(Controls, AKeyThatIsRoutedIsUsedUp) {
+    int keys = 0;
+    form->txtText.KeyDown = form->cmdOK.KeyDown = [&keys](int&, int) { ++keys; };
+    form->Show();
+    EXPECT_TRUE(form->KeyDown(key::kTab, 0));
+    EXPECT_TRUE(form->KeyDown(key::kReturn, 0));
+    form->cmdOK.SetFocus();
+    EXPECT_TRUE(form->KeyDown(key::kLeft, 0));
+    EXPECT_EQ(form->ActiveControl(), &form->chkMark);
+    EXPECT_EQ(keys, 0);
+    form->cmdOK.SetFocus();
+    EXPECT_FALSE(form->KeyDown(u'A', 0));
+    EXPECT_EQ(keys, 1);
+}
+
+TEST_F(Controls, ACharacterThatIsDroppedIsUsedUp) {
+    form->Show();
+    form->txtText.KeyPress = [](int& character) { character = 0; };
+    char16_t letter = u'a';
+    EXPECT_TRUE(form->KeyPress(letter));
+    EXPECT_EQ(letter, u'\0');
+}
+
+TEST_F(Controls, AnAcceleratorMayBeThatOfTheControlWithTheFocus) {
+    int clicks = 0;
+    form->cmdOK.SetCaption(u"&Go");
+    form->cmdOK.Click = [&clicks] { ++clicks; };
+    form->Show();
+    form->cmdOK.SetFocus();
+    EXPECT_TRUE(form->Accelerator(u'g'));
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(form->Accelerator(u'x'));
+    EXPECT_EQ(form->ActiveControl(), &form->cmdOK);
+}
+
 TEST_F(Controls, MouseEventsReachWhatIsUsable) {
     std::vector<float> seen;
     form->lblText.MouseMove = [&seen](int, int, float x, float y) { seen.insert(seen.end(), {x, y}); };
@@ -175,6 +210,7 @@ TEST_F(Controls, AFontTellsEachChangeOnce) {
 
 TEST_F(Controls, TheFirstSingleAmpersandMarksTheAccelerator) {
     EXPECT_TRUE(HasAccelerator(u"&Open", u'o'));
+    EXPECT_TRUE(HasAccelerator(u"O&K", u'k'));
     EXPECT_TRUE(HasAccelerator(u"a &Be &C", u'B'));
     EXPECT_FALSE(HasAccelerator(u"a &Be &C", u'c'));
     EXPECT_TRUE(HasAccelerator(u"R&&D &More", u'm'));

@@ -106,6 +106,24 @@ TEST_F(Life, AFormUnloadedByAKeyPreviewEndsBehindTheKey) {
     EXPECT_TRUE(application.Forms().empty());
 }
 
+TEST_F(Life, AKeyThatThePreviewSwallowsReachesNoControl) {
+    static constexpr ControlDesign kControls[] = {
+        {.name = u"txtBox", .kind = ControlKind::TextBox, .tab_index = 0}};
+    class Swallowing : public Form {
+      public:
+        Swallowing() : Form({u"frmSwallowing", u"", 900, 900, true, true, false, kControls}) {}
+
+      private:
+        void Form_KeyDown(int& KeyCode, int /*Shift*/) override { KeyCode = 0; }
+    };
+    const auto form = application.Make<Swallowing>();
+    int keys = 0;
+    form->Find(u"txtBox").KeyDown = [&keys](int&, int) { ++keys; };
+    form->Show();
+    EXPECT_TRUE(form->KeyDown(u'A', 0));
+    EXPECT_EQ(keys, 0);
+}
+
 TEST_F(Life, AFormUnloadedAsTheFocusLeavesEndsBehindTheMove) {
     auto form = MakeProbe();
     const std::weak_ptr<ProbeForm> watched = form;
@@ -282,6 +300,44 @@ TEST_F(Life, AModalFormHoldsOffEveryOtherForm) {
     EXPECT_TRUE(first->InputEnabled());
     EXPECT_TRUE(second->InputEnabled());
     EXPECT_EQ(application.ActiveForm(), first.get());
+}
+
+TEST_F(Life, AModalFormHandlesEventsUntilItGoesAndNoneBehindThat) {
+    const auto modal = MakeProbe(u"frmModal");
+    bool late = false;
+    desktop.Add([] {});
+    desktop.Add([&modal] { modal->Unload(); });
+    desktop.Add([&late] { late = true; });
+    modal->Show(true);
+    EXPECT_TRUE(modal->IsUnloaded());
+    EXPECT_FALSE(late);
+}
+
+TEST_F(Life, OnlyAModalFormBelongsToTheOneInFrontWithoutBeingTold) {
+    const auto first = MakeProbe(u"frmFirst");
+    const auto second = MakeProbe(u"frmSecond");
+    const auto modal = MakeProbe(u"frmModal");
+    first->Show();
+    second->Show();
+    EXPECT_EQ(second->Owner(), nullptr);
+    desktop.Add([&] {
+        EXPECT_EQ(modal->Owner(), second.get());
+        modal->Unload();
+    });
+    modal->Show(true);
+}
+
+TEST_F(Life, TheLastVisibleFormFollowsTheOneInFrontThatGoes) {
+    const auto first = MakeProbe(u"frmFirst");
+    const auto second = MakeProbe(u"frmSecond");
+    const auto hidden = MakeProbe(u"frmHidden");
+    const auto last = MakeProbe(u"frmLast");
+    first->Show();
+    second->Show();
+    hidden->Load();
+    last->Show();
+    last->Unload();
+    EXPECT_EQ(application.ActiveForm(), second.get());
 }
 
 TEST_F(Life, ModalFormsMayStandOnEachOther) {

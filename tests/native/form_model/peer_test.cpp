@@ -89,11 +89,12 @@ TEST_F(FormPeers, EachPropertyOfAControlIsShown) {
     form->chkMark.SetValue(0);
     form->lstRows.SetTabStops({89});
     form->tmrTick.SetInterval(50);
+    form->tmrTick.SetEnabled(true);
     EXPECT_EQ(desktop.Take(),
               (Record{"lblText Caption", "lblText Place", "lblText Colours", "lblText Colours",
                       "lblText ToolTip", "lblText Font", "lblText Visible", "txtText Text",
                       "txtText Selection", "txtText PasswordChar", "txtText BorderStyle", "chkMark Value",
-                      "lstRows TabStops", "tmrTick Interval"}));
+                      "lstRows TabStops", "tmrTick Interval", "tmrTick Enabled", "tmrTick Interval"}));
 }
 
 TEST_F(FormPeers, EachPropertyOfAFormIsShown) {
@@ -101,10 +102,11 @@ TEST_F(FormPeers, EachPropertyOfAFormIsShown) {
     form->SetCaption(u"x");
     form->SetMousePointer(mouse_pointer::kHourglass);
     form->SetBackColor(0xFF);
+    form->SetForeColor(0xFF);
     form->Font().SetSize(12);
     form->SetHeight(3000);
     EXPECT_EQ(desktop.Take(), (Record{"frmProbe Caption", "frmProbe MousePointer", "frmProbe Colours",
-                                      "frmProbe Font", "frmProbe Place"}));
+                                      "frmProbe Colours", "frmProbe Font", "frmProbe Place"}));
 }
 
 TEST_F(FormPeers, AValueThatStaysIsNotShownAnew) {
@@ -150,6 +152,14 @@ TEST_F(FormPeers, RowsAreToldAtTheirPlace) {
                       "lstRows row removed 0", "lstRows rows cleared"}));
 }
 
+TEST_F(FormPeers, ACurrentRowIsShown) {
+    ShowForm();
+    form->lstRows.AddItem(u"a");
+    desktop.Take();
+    form->lstRows.SetListIndex(0);
+    EXPECT_EQ(desktop.Take(), Record{"lstRows ListIndex"});
+}
+
 TEST_F(FormPeers, TheFocusGoesBackWhereTheWindowWentAstray) {
     ShowForm();
     form->cmdOK.SetEnabled(false);
@@ -184,6 +194,23 @@ TEST_F(FormPeers, TheSelectionIsTheWindowsOwn) {
     form->txtText.SetSelText(u"xy");
     EXPECT_EQ(form->txtText.Text(), u"axy");
     EXPECT_EQ(desktop.Take(), (Record{"txtText selection replaced by 'xy'"}));
+}
+
+TEST_F(FormPeers, EachUseOfTheSelectionAsksTheWindowFirst) {
+    ShowForm();
+    desktop.selections[u"txtText"] = {1, 2};
+    EXPECT_EQ(form->txtText.SelLength(), 2);
+    desktop.selections[u"txtText"] = {1, 0};
+    EXPECT_EQ(form->txtText.SelLength(), 0);
+    desktop.selections[u"txtText"] = {2, 0};
+    form->txtText.SetSelLength(40);
+    desktop.selections.clear();
+    EXPECT_EQ(form->txtText.SelStart(), 2);
+    EXPECT_EQ(form->txtText.SelLength(), 1);
+    EXPECT_EQ(desktop.Take(), Record{"txtText Selection"});
+    desktop.selections[u"txtText"] = {0, 1};
+    form->txtText.SetSelText(u"xy");
+    EXPECT_EQ(form->txtText.Text(), u"xybc");
 }
 
 TEST_F(FormPeers, ASelectionBeyondTheTextIsHeldWithinIt) {

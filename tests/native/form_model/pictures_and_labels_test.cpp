@@ -56,7 +56,10 @@ class MeasuringPeer : public ControlPeer {
         return true;
     }
 
+    void Clear() override { ++cleared; }
+
     std::vector<Property> shown;
+    int cleared = 0;
 
   private:
     const Control& mControl;
@@ -138,6 +141,12 @@ TEST_F(PicturesAndLabels, APictureBoxWithoutAWindowHasNothingToDrawInto) {
     };
     box.PaintRequested();
     EXPECT_EQ(contexts, std::vector<std::uintptr_t>{0});
+}
+
+TEST_F(PicturesAndLabels, APictureBoxIsClearedInItsWindow) {
+    const MeasuringPeer& peer = PeerOf(u"picBox");
+    form->Get<PictureBox>(u"picBox").Clear();
+    EXPECT_EQ(peer.cleared, 1);
 }
 
 TEST_F(PicturesAndLabels, LengthsArePixelsOf15TwipsWithoutADesktop) {

@@ -135,6 +135,24 @@ TEST_F(Rows, ClearingLeavesNothing) {
     EXPECT_EQ(clicks, 0);
 }
 
+TEST_F(Rows, AClearedListTakesRowsAsANewOneDoes) {
+    for (const char16_t* const text : {u"a", u"b", u"c"})
+        marks.AddItem(text);
+    marks.RemoveItem(1);
+    marks.Scrolled(1);
+    marks.Clear();
+    EXPECT_EQ(marks.TopIndex(), 0);
+    for (const char16_t* const text : {u"d", u"e", u"f"})
+        marks.AddItem(text);
+    EXPECT_EQ(All(marks), (StringList{u"d", u"e", u"f"}));
+}
+
+TEST_F(Rows, ThePlaceBehindTheLastRowIsOne) {
+    sorted.AddItem(u"b");
+    sorted.AddItem(u"a", 1);
+    EXPECT_EQ(All(sorted), (StringList{u"b", u"a"}));
+}
+
 TEST_F(Rows, NumberAndMarkTravelWithTheirRow) {
     marks.AddItem(u"a");
     marks.SetItemData(0, 1033);

@@ -31,6 +31,19 @@ TEST_F(TextBoxes, ANewTextPutsTheSelectionToTheStart) {
     EXPECT_EQ(changes, (StringList{u"defg"}));
 }
 
+TEST_F(TextBoxes, ANewTextHasNothingSelected) {
+    box.SetSelStart(0);
+    box.SetSelLength(2);
+    box.SetText(u"defg");
+    EXPECT_EQ(box.SelLength(), 0);
+}
+
+TEST_F(TextBoxes, AnEditMayLeaveTheCaretAtTheStart) {
+    box.SetSelStart(2);
+    box.Edited(u"bc", 0);
+    EXPECT_EQ(box.SelStart(), 0);
+}
+
 TEST_F(TextBoxes, APlaceForTheSelectionIsHeldWithinTheText) {
     box.SetSelStart(40);
     EXPECT_EQ(box.SelStart(), 3);
@@ -39,6 +52,9 @@ TEST_F(TextBoxes, APlaceForTheSelectionIsHeldWithinTheText) {
     box.SetSelStart(1);
     box.SetSelLength(40);
     EXPECT_EQ(box.SelLength(), 2);
+    box.SetSelLength(-1);
+    EXPECT_EQ(box.SelLength(), 0);
+    box.SetSelLength(1);
     box.SetSelStart(1);
     EXPECT_EQ(box.SelLength(), 0);
 }

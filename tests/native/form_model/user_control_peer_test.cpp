@@ -55,6 +55,14 @@ TEST_F(UserControlPeers, AreShownAheadOfTheNewsThatTheyAreHiddenOrOfAnotherSize)
     EXPECT_EQ(desktop.Take(), (Record{"ucEntry Place", "Resize", "ucEntry Visible", "Hide"}));
 }
 
+TEST_F(UserControlPeers, AnEscapeIsUsedUpByTheCancelButton) {
+    int clicks = 0;
+    form->cmdCancel.Click = [&clicks] { ++clicks; };
+    form->Show();
+    EXPECT_TRUE(form->KeyDown(key::kEscape, 0));
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(UserControlPeers, AMarkThatIsTurnedReplacesNoRow) {
     form->Show();
     form->lstNames.AddItem(u"alpha");

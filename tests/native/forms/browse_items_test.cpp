@@ -68,6 +68,8 @@ TEST_F(BrowseItems, AnItemThatIsNotDescribedTakesTheKindOfWhatItsNameGives) {
     EXPECT_EQ(TypeOf({kSpare}), 2U);
     EXPECT_EQ(CallsOf({"IShellFolder::ParseDisplayName"}),
               Lines{R"(IShellFolder::ParseDisplayName("77", "\\SPARE"))"});
+    EXPECT_EQ(CallsOf({"IShellFolder::CompareIDs"}), Lines(2, "IShellFolder::CompareIDs(\"0\")"))
+        << "by their first column, the parents and the items themselves";
     At(kHiddenSpare).kind = ShellItemKind::Domain;
     EXPECT_EQ(TypeOf({kSpare}), 1U);
     At(kHiddenSpare).kind = ShellItemKind::Other;

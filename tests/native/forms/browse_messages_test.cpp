@@ -137,6 +137,16 @@ TEST_F(BrowseMessages, ASelectionShowsInThePromptAndWhatCantBePickedLeavesIt) {
     EXPECT_EQ(TextOf(gBrowsePrompt), "Choose one:   GROUP");
 }
 
+TEST_F(BrowseMessages, ThePromptIsSetAheadOfTheButtonByTheMessageForAText) {
+    gBrowsePrompt = Child(u"Static", kPrompt);
+    Select({kArchive});
+    const std::vector<practice::Call> sent = world.calls.Of("SendMessageW");
+    ASSERT_EQ(sent.size(), 2U);
+    EXPECT_EQ(sent[0].arguments.at(1), u"12");
+    EXPECT_EQ(sent[0].arguments.at(2), u"0");
+    EXPECT_EQ(sent[1].arguments.at(1), u"1125");
+}
+
 TEST_F(BrowseMessages, ALongPromptIsGivenToItsControlWhole) {
     gBrowseTitle = String(5000, u'p');
     gBrowsePrompt = Child(u"Static", u"");

@@ -87,11 +87,11 @@ TEST_F(Browse, WithoutAControlForThePromptThePickIsNotShownAndAllElseWorks) {
     EXPECT_EQ(gBrowsePrompt, 0U);
 }
 
-TEST_F(Browse, TheDialogIsAskedForOverItsOwnerWithThePromptAndItsOneFlag) {
+TEST_F(Browse, TheDialogIsAskedForOverItsOwnerWithThePromptItsOneFlagAndRoomForAName) {
     Pick([](BrowseDialog&) {});
     EXPECT_EQ(CallsOf({"SHGetSpecialFolderLocation", "SHBrowseForFolderW"}),
               (Lines{R"(SHGetSpecialFolderLocation("77", "18"))",
-                     R"(SHBrowseForFolderW("77", "Choose one:", "4096", "0"))"}));
+                     R"(SHBrowseForFolderW("77", "Choose one:", "4096", "0", "260"))"}));
 }
 
 TEST_F(Browse, TheAllocatorComesBehindTheRootAndGoesLast) {
@@ -180,7 +180,8 @@ TEST_F(Browse, OtherFlagsArePassedOn) {
     Begin();
     world.browser.Next([](BrowseDialog&) {});
     BrowseForFolder(5, u"Other", 65, {}, gNetworkRoot.Get());
-    EXPECT_EQ(CallsOf({"SHBrowseForFolderW"}), Lines{R"(SHBrowseForFolderW("5", "Other", "65", "0"))"});
+    EXPECT_EQ(CallsOf({"SHBrowseForFolderW"}),
+              Lines{R"(SHBrowseForFolderW("5", "Other", "65", "0", "260"))"});
 }
 
 } // namespace kestrelmoor::tests

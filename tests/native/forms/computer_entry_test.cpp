@@ -230,7 +230,7 @@ TEST_F(ComputerEntry, TheButtonBrowsesWithTheEntrysWindowAndItsText) {
     Browse([](BrowseDialog&) {});
     const std::string window = std::to_string(entry.Peer()->Window());
     EXPECT_EQ(CallsOf({"SHBrowseForFolderW"}),
-              Lines{"SHBrowseForFolderW(\"" + window + "\", \"text 420\", \"4096\", \"0\")"});
+              Lines{"SHBrowseForFolderW(\"" + window + "\", \"text 420\", \"4096\", \"0\", \"260\")"});
 }
 
 TEST_F(ComputerEntry, APickedComputerIsTheTextAndAChange) {

@@ -176,6 +176,15 @@ TEST_F(ItemLists, TextsInBytesEndWithTheItemOrTheRecordThatHoldsThem) {
     EXPECT_EQ(Text(2, List(260, 'A')), String(130, u'\u4141'));
 }
 
+TEST_F(ItemLists, WithoutAnItemThereAreNoBytesInIt) {
+    platform::StrRet record;
+    record.uType = 1;
+    for (const std::uint32_t offset : {0U, 4U}) {
+        record.uOffset = offset;
+        EXPECT_EQ(StrRetToString(record, nullptr), u"") << offset;
+    }
+}
+
 TEST_F(ItemLists, ARecordOfAnyOtherKindIsEmpty) {
     for (const std::uint32_t type : {3U, 4U, 0x80000000U, 0xFFFFFFFFU})
         EXPECT_EQ(Text(type, {'A', 'B', 0}), u"") << type;

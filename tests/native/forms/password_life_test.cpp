@@ -42,6 +42,16 @@ TEST_F(PasswordLife, LoadingShowsTheForm) {
     EXPECT_EQ(form->ActiveControl(), &At(u"txtOldPass"));
 }
 
+TEST_F(PasswordLife, AWindowThatIsClosedAsItComesUpListensToNoMessages) {
+    form = Application::Current().Make<frmPass>();
+    for (const auto& control : form->Controls())
+        control->GotFocus = [this] { form->Unload(); };
+    form->Show();
+    EXPECT_TRUE(form->IsUnloaded());
+    EXPECT_EQ(world.calls.Count("SetWindowProcedure"), 0U);
+    EXPECT_EQ(gRedirectTarget, nullptr);
+}
+
 TEST_F(PasswordLife, OpensWithTheFocusOnTheOldPasswordAndOkDisabled) {
     ConfigureAll();
     Open();

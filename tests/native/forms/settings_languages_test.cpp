@@ -118,6 +118,11 @@ TEST_F(SettingsLanguages, AFolderNamedLikeALibraryIsNoFile) {
     EXPECT_EQ(Listed(), kAutomaticAlone);
 }
 
+TEST_F(SettingsLanguages, AFileIsListedWhateverItsOtherAttributes) {
+    world.files.CreateFile(u"C:\\Work\\1031.loc").attributes = practice::file_attribute::kReadOnly;
+    EXPECT_EQ(Listed(), (Lines{" text 403=0", "German=1031"}));
+}
+
 TEST_F(SettingsLanguages, ADefaultLibraryThatCannotBeAskedToGoIsListedAllTheSame) {
     PutDefault({1033});
     practice::Library library = *world.libraries.Find(kDefaultLibrary);

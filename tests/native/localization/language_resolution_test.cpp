@@ -3,6 +3,7 @@
 #include "platform/modules.h"
 #include "shell/program_state.h"
 #include "tests/native/support/program_test.h"
+#include "tests/native/support/test_language.h"
 
 namespace kestrelmoor::tests {
 
@@ -264,6 +265,20 @@ TEST_F(LanguageResolution, ALibraryWithoutTheClassStopsIt) {
 TEST_F(LanguageResolution, ALibraryThatMakesNoObjectStopsIt) {
     Put(u"1049.loc", {1049}).script.create_result = static_cast<std::int32_t>(0x8007000E);
     Refuse(1049, "Error loading localization library.");
+}
+
+TEST_F(LanguageResolution, ALibraryThatGivesNoObjectLeavesNoLanguageNotEvenAFormerOne) {
+    SpeakTestLanguage();
+    ASSERT_NE(gLocalizer, nullptr);
+    Put(u"1049.loc", {}).kind = practice::LibraryKind::Broken;
+    Refuse(1049, "Error loading localization library.");
+}
+
+TEST_F(LanguageResolution, AReadOnlyLibraryIsAFileLikeAnyOther) {
+    Put(u"1031.loc", {1031});
+    world.files.CreateFile(u"C:\\Program Files\\Kestrelmoor\\1031.loc").attributes =
+        practice::file_attribute::kReadOnly;
+    EXPECT_EQ(Load(1031), 1031);
 }
 
 TEST_F(LanguageResolution, AChosenLanguageThatFailsFallsBackToTheAutomaticOne) {

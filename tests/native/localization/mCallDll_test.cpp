@@ -106,6 +106,24 @@ TEST_F(LibraryHost, AFactoryThatMakesNoObjectRaisesItsResultAndLeavesNothingAliv
     EXPECT_EQ(gLocLibHandle, 0U);
 }
 
+TEST_F(LibraryHost, AnExportThatSucceedsAndGivesNoFactoryIsAnObjectThatIsNotSet) {
+    Put(practice::LibraryKind::Scripted).script.class_result = LOC_S_FALSE;
+    EXPECT_EQ(Refusal(kFile), 91U);
+    EXPECT_NE(gLocLibHandle, 0U);
+}
+
+TEST_F(LibraryHost, AFactoryThatSucceedsAndGivesNoObjectIsAnObjectThatIsNotSet) {
+    Put(practice::LibraryKind::Scripted).script.create_result = LOC_S_FALSE;
+    EXPECT_EQ(RaisedNumber([&] { const ILocalization object(Factory(kFile)); }), 91);
+}
+
+TEST_F(LibraryHost, AnObjectThatSucceedsAndGivesNoInterfaceIsAnObjectThatIsNotSet) {
+    Put(practice::LibraryKind::Scripted).script.interface_result = LOC_S_FALSE;
+    EXPECT_EQ(RaisedNumber([&] { const ILocalization object(Factory(kFile)); }), 91);
+    UnloadDll(gLocLibHandle);
+    EXPECT_EQ(gLocLibHandle, 0U) << "the object was released";
+}
+
 TEST_F(LibraryHost, ALibraryThatCanGoIsFreedAndItsHandleCleared) {
     EXPECT_TRUE(Factory(kDefaultFile));
     world.calls.Clear();

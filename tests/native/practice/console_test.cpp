@@ -170,7 +170,9 @@ TEST_F(PracticeConsole, ClockRefusesWhatIsNoTime) {
 TEST_F(PracticeConsole, ThePersonPicksFromTheDialogToChooseAComputer) {
     StringList picks;
     form->Get<CommandButton>(u"cmdOK").Click = [&] {
+        const practice::ItemBytes root = world.shell.ListOf({});
         platform::BrowseInfo info;
+        info.pidlRoot = root.data();
         info.lpszTitle = u"Where?";
         std::uint8_t* const list = platform::SHBrowseForFolderW(info);
         picks.push_back(list ? world.shell.Find(*world.shell.PathOf(list))->name : u"none");

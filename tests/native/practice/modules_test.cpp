@@ -126,6 +126,23 @@ TEST(PracticeModules, ScriptedLibraryFailsWhereItIsTold) {
     EXPECT_EQ(FactoryOf(no_class.Get()), nullptr);
 }
 
+TEST(PracticeModules, ScriptedLibraryGivesNothingWhereItIsTold) {
+    practice::ScopedWorld world;
+    practice::LanguageScript script;
+    script.interface_result = LOC_S_FALSE;
+    world.libraries.Put(Scripted(u"C:\\x.loc", script));
+    const platform::OwnedModule module(platform::LoadLibraryExW(u"C:\\x.loc", 0).value);
+    abi::IClassFactory* const factory = FactoryOf(module.Get());
+    void* unknown = nullptr;
+    ASSERT_EQ(factory->table->CreateInstance(factory, nullptr, &abi::kIidUnknown, &unknown), LOC_S_OK);
+    factory->table->Release(factory);
+    auto* const object = static_cast<abi::ILocalization*>(unknown);
+    void* place = &world;
+    EXPECT_EQ(object->table->QueryInterface(object, &abi::kIidLocalization, &place), LOC_S_FALSE);
+    EXPECT_EQ(place, &world);
+    EXPECT_EQ(object->table->Release(object), 0U);
+}
+
 TEST(PracticeModules, NullTextAndArrayAreEmpty) {
     EXPECT_EQ(platform::TakeText(nullptr), u"");
     EXPECT_FALSE(platform::TakeNumbers(nullptr).HasStorage());

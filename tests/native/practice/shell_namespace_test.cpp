@@ -162,7 +162,9 @@ std::int32_t Tell(WindowHandle hWnd, std::uint32_t uMsg, std::intptr_t /*lParam*
 TEST_F(PracticeShell, ADialogTellsItsCallbackAndGivesTheListThatWasAccepted) {
     told.clear();
     String name(260, u'\0');
+    const practice::ItemBytes root = world.shell.ListOf({});
     platform::BrowseInfo info;
+    info.pidlRoot = root.data();
     info.pszDisplayName = &name;
     info.lpszTitle = u"Title";
     info.lpfn = Tell;
@@ -181,6 +183,35 @@ TEST_F(PracticeShell, ADialogTellsItsCallbackAndGivesTheListThatWasAccepted) {
     platform::OwnedShellMalloc allocator;
     ASSERT_EQ(platform::SHGetMalloc(allocator), 0);
     platform::Free(allocator, list);
+}
+
+TEST_F(PracticeShell, ADialogShowsItsRootAndWhatStandsBelowIt) {
+    const practice::ItemBytes root = world.shell.ListOf({0, 0});
+    platform::BrowseInfo info;
+    info.pidlRoot = root.data();
+    world.browser.Next([](BrowseDialog& dialog) {
+        EXPECT_EQ(dialog.Selection(), (ItemPath{0, 0}));
+        EXPECT_EQ(dialog.Rows(), (std::vector<ItemPath>{{0, 0}, {0, 0, 0}}));
+        EXPECT_TRUE(dialog.Select(StringList{u"DC1"}));
+        EXPECT_FALSE(dialog.Select(ItemPath{0}));
+        EXPECT_FALSE(dialog.Select(ItemPath{1}));
+        EXPECT_EQ(dialog.Selection(), (ItemPath{0, 0, 0}));
+    });
+    EXPECT_EQ(platform::SHBrowseForFolderW(info), nullptr);
+}
+
+TEST_F(PracticeShell, ADialogWithoutARootBeginsWithTheDesktop) {
+    told.clear();
+    platform::BrowseInfo info;
+    info.lpfn = Tell;
+    info.lParam = 99;
+    world.browser.Next([](BrowseDialog& dialog) {
+        EXPECT_EQ(told, (std::vector<std::uint32_t>{1, 2}));
+        EXPECT_FALSE(dialog.Select(StringList{}));
+        EXPECT_FALSE(dialog.Select(StringList{u"Entire Network"}));
+        EXPECT_TRUE(dialog.Select(StringList{u"Network", u"Entire Network"}));
+    });
+    EXPECT_EQ(platform::SHBrowseForFolderW(info), nullptr);
 }
 
 TEST_F(PracticeShell, ADialogIsAnsweredByTheActionsThatCome) {

@@ -32,6 +32,19 @@ TEST(Conversions, DecimalTextBecomesANumber) {
     EXPECT_EQ(ToInteger16(u"1e3"), 1000);
     EXPECT_EQ(ToInteger16(u"25E-1"), 2);
     EXPECT_EQ(ToInteger16(u"1d2"), 100);
+    EXPECT_EQ(ToInteger16(u"1D+2"), 100);
+}
+
+TEST(Conversions, NoSpaceOfAnyKindAroundANumberCounts) {
+    EXPECT_EQ(ToInteger16(u"\t\n\v\f\r 12 \r\f\v\n\t"), 12);
+    EXPECT_EQ(Refusal16(u"\b12"), kTypeMismatch);
+    EXPECT_EQ(Refusal16(u"12\x0E"), kTypeMismatch);
+}
+
+TEST(Conversions, ANumberEndsWhereItsTextEnds) {
+    EXPECT_EQ(ToInteger16(StringView(u"123").substr(0, 2)), 12);
+    EXPECT_EQ(ToInteger16(StringView(u"12.5").substr(0, 2)), 12);
+    EXPECT_EQ(ToInteger16(StringView(u"1e5").substr(0, 1)), 1);
 }
 
 TEST(Conversions, AHalfGoesToTheEvenNeighbour) {
@@ -48,6 +61,7 @@ TEST(Conversions, AHalfGoesToTheEvenNeighbour) {
     EXPECT_EQ(RoundToEven(-3.5), -4.0);
     EXPECT_EQ(RoundToEven(4503599627370497.0), 4503599627370497.0);
     EXPECT_EQ(RoundToInteger32(2147483647.5 - 0.25), 2147483647);
+    EXPECT_EQ(RoundToInteger32(-2147483648.0), std::numeric_limits<std::int32_t>::min());
     EXPECT_EQ(RaisedNumber([] { RoundToInteger32(2147483647.5); }), kOverflow);
     EXPECT_EQ(RaisedNumber([] { RoundToInteger32(-2147483649.0); }), kOverflow);
     EXPECT_EQ(RaisedNumber([] { RoundToInteger32(std::numeric_limits<double>::quiet_NaN()); }), kOverflow);
@@ -57,6 +71,9 @@ TEST(Conversions, ANumberInHexadecimalOrOctalNotation) {
     EXPECT_EQ(ToInteger16(u"&H409"), 1033);
     EXPECT_EQ(ToInteger16(u"&h40f"), 1039);
     EXPECT_EQ(ToInteger16(u"&O17"), 15);
+    EXPECT_EQ(ToInteger16(u"&H4"), 4);
+    EXPECT_EQ(ToInteger16(u"&HA"), 10);
+    EXPECT_EQ(ToInteger16(u"&O70"), 56);
     EXPECT_EQ(ToInteger16(u"&H7FFF"), 32767);
     EXPECT_EQ(ToInteger16(u"&HFFFF"), -1);
     EXPECT_EQ(ToInteger16(u"&H8000"), -32768);
@@ -86,8 +103,9 @@ TEST(Conversions, ThirtyTwoBitsEndAtTheirLimits) {
 }
 
 TEST(Conversions, WhatIsNoNumberIsAMismatch) {
-    for (const StringView text : {u"", u"  ", u"abc", u"12abc", u"1 2", u"&H", u"&HG", u"&X1", u".", u"-",
-                                  u"1e", u"--1", u"&H-1", u"1033\u00A0x"})
+    for (const StringView text :
+         {u"",   u"  ",  u"abc", u"12abc", u"1 2", u"&H",  u"&HG", u"&X1", u".",   u"-",
+          u"1e", u"1e+", u"--1", u"&H-1",  u"1:",  u"&O8", u"&OA", u"&H@", u"&H[", u"1033\u00A0x"})
         EXPECT_EQ(Refusal16(text), kTypeMismatch) << ToUtf8(text);
 }
 
@@ -103,6 +121,10 @@ TEST(Conversions, TheLeadingNumberOfAText) {
     EXPECT_EQ(LeadingNumber(u"-3.5x"), -3.5);
     EXPECT_EQ(LeadingNumber(u"1e2x"), 100.0);
     EXPECT_EQ(LeadingNumber(u"1e"), 1.0);
+    EXPECT_EQ(LeadingNumber(u"1e+"), 1.0);
+    EXPECT_EQ(LeadingNumber(u"1E-1"), 0.1);
+    EXPECT_EQ(LeadingNumber(u"+2D1"), 20.0);
+    EXPECT_EQ(LeadingNumber(u"7."), 7.0);
     EXPECT_EQ(LeadingNumber(u".5.5"), 0.5);
     EXPECT_EQ(LeadingNumber(u"days 14"), 0.0);
     EXPECT_EQ(LeadingNumber(u"-"), 0.0);
@@ -135,6 +157,9 @@ TEST(Conversions, NumberFormats) {
 TEST(Conversions, SinglePrecisionTextHasSevenDigitsAtMostAndNoZerosBehindThem) {
     EXPECT_EQ(SingleText(13.5F), u"13.5");
     EXPECT_EQ(SingleText(-0.25F), u"-0.25");
+    EXPECT_EQ(SingleText(1.0F), u"1");
+    EXPECT_EQ(SingleText(10.0F), u"10");
+    EXPECT_EQ(SingleText(10.5F), u"10.5");
     EXPECT_EQ(SingleText(14.0F), u"14");
     EXPECT_EQ(SingleText(0.1F), u"0.1");
     EXPECT_EQ(SingleText(13.999988F), u"13.99999");
@@ -151,6 +176,7 @@ TEST(Conversions, SinglePrecisionTextOfZeroHasNoSign) {
 
 TEST(Conversions, SinglePrecisionTextOfVerySmallAndLargeNumbersHasAnExponent) {
     EXPECT_EQ(SingleText(1.5E-05F), u"1.5E-05");
+    EXPECT_EQ(SingleText(1E-05F), u"1E-05") << "its first seven digits are rounded up";
     EXPECT_EQ(SingleText(1E+07F), u"1E+07");
     EXPECT_EQ(SingleText(-123456789.0F), u"-1.234568E+08");
     EXPECT_EQ(SingleText(std::numeric_limits<float>::max()), u"3.402823E+38");
@@ -160,6 +186,7 @@ TEST(Conversions, SinglePrecisionTextOfVerySmallAndLargeNumbersHasAnExponent) {
 TEST(Conversions, SinglePrecisionTextOfWhatIsNoNumberSaysSo) {
     EXPECT_EQ(SingleText(std::numeric_limits<float>::quiet_NaN()), u"NaN");
     EXPECT_EQ(SingleText(-std::numeric_limits<float>::infinity()), u"-Infinity");
+    EXPECT_EQ(SingleText(std::numeric_limits<float>::infinity()), u"Infinity");
 }
 
 TEST(Conversions, FloatingNumberOfATextIsNotRounded) {

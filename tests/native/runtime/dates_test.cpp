@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 #include <limits>
+#include <tuple>
 
 namespace kestrelmoor::tests {
 
@@ -41,8 +42,26 @@ TEST(Dates, LeapYearsAreTheGregorianOnes) {
     EXPECT_EQ(DateOf({2000, 3, 1, 0, 0, 0}), 36586.0);
 }
 
+TEST(Dates, EachDayOfTwoCenturiesFollowsTheOneBefore) {
+    constexpr int kLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    Date date = -36887; // 1 January 1799
+    for (int year = 1799; year <= 2001; ++year)
+        for (int month = 1; month <= 12; ++month) {
+            const bool leap = year % 4 == 0 && year != 1800 && year != 1900;
+            const int days = kLengths[month - 1] + (month == 2 && leap ? 1 : 0);
+            for (int day = 1; day <= days; ++day, ++date) {
+                const DateParts parts = PartsOf(date);
+                ASSERT_EQ(std::tuple(parts.year, parts.month, parts.day), std::tuple(year, month, day));
+                ASSERT_EQ(DateOf({year, month, day, 0, 0, 0}), date);
+            }
+        }
+}
+
 TEST(Dates, TheFractionIsTheTimeOfDay) {
     EXPECT_EQ(Calendar(36526.75), "2000-01-01 18:00:00");
+    EXPECT_EQ(Calendar(36526 + 1.0 / 1440), "2000-01-01 00:01:00");
+    EXPECT_EQ(Calendar(36526 + 61.0 / 86400), "2000-01-01 00:01:01");
+    EXPECT_EQ(DateOf({2000, 1, 1, 0, 36, 0}), 36526.025);
     EXPECT_EQ(DateOf({2000, 1, 1, 6, 0, 0}), 36526.25);
     EXPECT_EQ(Calendar(DateOf({2026, 3, 2, 23, 59, 59})), "2026-03-02 23:59:59");
 }

@@ -46,8 +46,8 @@ TEST(RunTimeErrors, AnyOtherComResultStaysTheNumberThatItIs) {
 }
 
 TEST(RunTimeErrors, OnlyAFailedResultIsRaised) {
-    EXPECT_EQ(RaisedNumber([] { RaiseIfFailed(0); }), 0);
-    EXPECT_EQ(RaisedNumber([] { RaiseIfFailed(1); }), 0);
+    EXPECT_FALSE(Raised([] { RaiseIfFailed(0); }));
+    EXPECT_FALSE(Raised([] { RaiseIfFailed(1); }));
     EXPECT_EQ(RaisedNumber([] { RaiseIfFailed(Result(0x80070005)); }), 70);
     EXPECT_EQ(RaisedNumber([] { RaiseIfFailed(Result(0x80040154)); }), Result(0x80040154));
 }

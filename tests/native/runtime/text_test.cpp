@@ -25,6 +25,29 @@ TEST(Text, TheLastNumbersOfEachLengthGoToUtf8) {
     EXPECT_EQ(ToUtf8(u"\U0010FFFF"), "\xF4\x8F\xBF\xBF");
 }
 
+TEST(Text, TheFirstAndLastNumbersOfEachLengthComeFromUtf8) {
+    EXPECT_EQ(FromUtf8("\x7F"), u"\x7F");
+    EXPECT_EQ(FromUtf8("\xC2\x80"), u"\u0080");
+    EXPECT_EQ(FromUtf8("\xDF\xBF"), u"\u07FF");
+    EXPECT_EQ(FromUtf8("\xE0\xA0\x80"), u"\u0800");
+    EXPECT_EQ(FromUtf8("\xED\x9F\xBF"), u"\uD7FF");
+    EXPECT_EQ(FromUtf8("\xEE\x80\x80"), u"\uE000");
+    EXPECT_EQ(FromUtf8("\xEF\xBF\xBF"), u"\uFFFF");
+    EXPECT_EQ(FromUtf8("\xF0\x90\x80\x80"), u"\U00010000");
+    EXPECT_EQ(FromUtf8("\xF4\x8F\xBF\xBF"), u"\U0010FFFF");
+}
+
+TEST(Text, WhatStandsNextToTheSurrogatesIsNoneOfThem) {
+    EXPECT_EQ(ToUtf8(u"\uD7FF\uE000"), "\xED\x9F\xBF\xEE\x80\x80");
+    EXPECT_EQ(ToUtf8(u"\U000103FF"), "\xF0\x90\x8F\xBF");
+    EXPECT_EQ(ToUtf8(u"\U0010FC00"), "\xF4\x8F\xB0\x80");
+    for (const unsigned alone : {0xD800U, 0xDBFFU, 0xDC00U, 0xDFFFU})
+        EXPECT_EQ(ToUtf8(String(1, static_cast<char16_t>(alone)) + u"a"), "\xEF\xBF\xBD"
+                                                                          "a")
+            << alone;
+    EXPECT_EQ(ToUtf8(String{char16_t{0xD800}, char16_t{0xE000}}), "\xEF\xBF\xBD\xEE\x80\x80");
+}
+
 TEST(Text, AnUnpairedSurrogateIsReplacedInUtf8) {
     const String high(1, char16_t{0xD83D});
     const String low(1, char16_t{0xDD11});
@@ -33,6 +56,9 @@ TEST(Text, AnUnpairedSurrogateIsReplacedInUtf8) {
     EXPECT_EQ(ToUtf8(high + u"a"), "\xEF\xBF\xBD"
                                    "a");
     EXPECT_EQ(ToUtf8(low + high), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(ToUtf8(String(2, char16_t{0xDC00})), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(ToUtf8(u"a" + low), "a\xEF\xBF\xBD");
+    EXPECT_EQ(ToUtf8(StringView(u"\U0001F511").substr(0, 1)), "\xEF\xBF\xBD");
 }
 
 TEST(Text, EachByteThatBeginsNoWellFormedSequenceIsReplaced) {
@@ -44,6 +70,12 @@ TEST(Text, EachByteThatBeginsNoWellFormedSequenceIsReplaced) {
     EXPECT_EQ(FromUtf8("\xE0\x80\x80"), u"\uFFFD\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xC1\xBF"), u"\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xE0\x9F\xBF"), u"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xF0\x8F\xBF\xBF"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xED\xBF\xBF"), u"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\x82\x80"), u"\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xF9\x88\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xE2\x82"), u"\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xE2\x82"
                        "a"),

@@ -117,6 +117,7 @@ TEST(VariantAsTruth, AnythingElseIsRefused) {
 TEST(VariantAsDouble, NumbersAndDatesAreGivenAsTheyStand) {
     EXPECT_EQ(ToDouble(Variant()), 0.0);
     EXPECT_EQ(ToDouble(Variant(true)), -1.0);
+    EXPECT_EQ(ToDouble(Variant(false)), 0.0);
     EXPECT_EQ(ToDouble(Variant(46084)), 46084.0);
     EXPECT_EQ(ToDouble(Variant(1.5)), 1.5);
     EXPECT_EQ(ToDouble(Variant(DateValue{46083.375})), 46083.375);

@@ -1,5 +1,7 @@
 #include "platform/practice/world/browse_dialog.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace kestrelmoor::practice {
@@ -20,13 +22,14 @@ void AddRows(std::vector<ItemPath>& rows, const ShellItem& item, const ItemPath&
 
 std::vector<ItemPath> BrowseDialog::Rows() const {
     std::vector<ItemPath> rows;
-    AddRows(rows, mTree.network, {});
+    AddRows(rows, *mTree.Find(Top()), Top());
     return rows;
 }
 
 bool BrowseDialog::Select(const ItemPath& path) {
     const ShellItem* const item = mTree.Find(path);
-    if (!item)
+    const ItemPath top = Top();
+    if (!item || path.size() < top.size() || !std::equal(top.begin(), top.end(), path.begin()))
         return false;
     mSelection = path;
     mOkEnabled = item->kind == ShellItemKind::Computer;
@@ -36,9 +39,15 @@ bool BrowseDialog::Select(const ItemPath& path) {
 }
 
 bool BrowseDialog::Select(const StringList& names) {
-    ItemPath path;
-    const ShellItem* folder = &mTree.network;
-    for (const String& name : names) {
+    ItemPath path = Top();
+    std::span<const String> below = names;
+    if (!mRoot) {
+        if (below.empty() || below.front() != mTree.network.name)
+            return false;
+        below = below.subspan(1);
+    }
+    const ShellItem* folder = mTree.Find(path);
+    for (const String& name : below) {
         std::uint16_t number = 0;
         while (number < folder->items.size() &&
                (folder->items[number].hidden || folder->items[number].name != name))

@@ -4,13 +4,16 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
+#include <utility>
 
 namespace kestrelmoor::practice {
 
 /// The system's dialog to choose a folder, as the person at the screen sees and uses it.
 class BrowseDialog {
   public:
-    explicit BrowseDialog(const ShellTree& tree) : mTree(tree) {}
+    /// Shows `root` and what stands below it; without one the desktop, with the network folder on it.
+    BrowseDialog(const ShellTree& tree, std::optional<ItemPath> root) : mTree(tree), mRoot(std::move(root)) {}
 
     // What can be seen.
     const String& Prompt() const { return mPrompt; }
@@ -20,11 +23,12 @@ class BrowseDialog {
     bool IsOpen() const { return mOpen; }
     bool IsAccepted() const { return mAccepted; }
     const ShellTree& Tree() const { return mTree; }
-    std::vector<ItemPath> Rows() const; ///< the root and all below it, each ahead of what stands in it
+    const std::optional<ItemPath>& Root() const { return mRoot; } ///< none: the desktop
+    std::vector<ItemPath> Rows() const; ///< of the network, each ahead of what stands in it
 
     // What the person does. False: there is no such item, or OK is disabled.
     bool Select(const ItemPath& path);
-    bool Select(const StringList& names); ///< the names on the way from the root; none: the root itself
+    bool Select(const StringList& names); ///< the names on the way down from the root
     bool PressOk();
     void Cancel() { mOpen = false; }
 
@@ -37,7 +41,10 @@ class BrowseDialog {
     std::function<void()> SelectionChanged;
 
   private:
+    ItemPath Top() const { return mRoot.value_or(ItemPath()); }
+
     const ShellTree& mTree;
+    std::optional<ItemPath> mRoot;
     String mPrompt;
     String mStartPath;
     ItemPath mSelection;

@@ -17,14 +17,15 @@ enum class LibraryKind {
     Broken,   ///< a file that is no library
 };
 
-/// What a scripted language library says.
+/// What a scripted language library says. A result but 0 gives nothing out, whether it is a success or not.
 struct LanguageScript {
     std::vector<std::int16_t> languages;
     std::int32_t first_index = 1;        ///< that `languages` are handed out with
     std::optional<std::int16_t> answers; ///< its LanguageID, whatever was asked for; none: what was asked for
     bool accepts_any = false;            ///< serves a language that it doesn't list, too
-    std::int32_t class_result = 0;       ///< of its class object; below 0: failed
+    std::int32_t class_result = 0;       ///< of its class object
     std::int32_t create_result = 0;      ///< of its factory
+    std::int32_t interface_result = 0;   ///< of its object that is asked for its own interface
     std::string font_name = "Tahoma";
     std::int16_t font_charset = 1;
     std::string help_file = "help.html";
