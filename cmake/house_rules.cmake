@@ -25,7 +25,9 @@ if(KESTRELMOOR_COVERAGE)
 endif()
 
 if(KESTRELMOOR_FUZZ)
-  target_compile_options(house_rules INTERFACE -fsanitize=fuzzer-no-link)
+  # Not for a library that the program loads: it would look for the fuzzer's hooks in vain.
+  target_compile_options(house_rules INTERFACE
+    $<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>:-fsanitize=fuzzer-no-link>)
   # Steps beyond a container's end are findings in the build without sanitizers, too.
   target_compile_definitions(house_rules INTERFACE _GLIBCXX_ASSERTIONS)
 endif()

@@ -49,11 +49,12 @@ void frmPass::txtOldPass_GotFocus() {
     if (chkSame.Value() == 0) {
         lstOldPass.SetTabStop(false); // so that Shift+Tab doesn't fall into the list and back
         mEditIndex = static_cast<std::int16_t>(lstOldPass.ListIndex());
-        txtOldPass.SetText(u"");
-        if (mEditIndex >= 0)
-            txtOldPass.SetText(mOldPasswords.Of(TargetName(mEditIndex)));
-        const auto length = static_cast<std::int32_t>(txtOldPass.Text().size());
+        const String password = mEditIndex >= 0 ? mOldPasswords.Of(TargetName(mEditIndex)) : String();
+        const auto length = static_cast<std::int32_t>(password.size());
+        // Ahead of the text, whose change asks for it: behind a switch of modes there is one to be emptied.
         mOtherPassLength = StoredPassLength() - length;
+        txtOldPass.SetText(u"");
+        txtOldPass.SetText(password);
         txtOldPass.SetSelLength(length);
     }
     ApplyTextBoxColors(txtOldPass, *this);

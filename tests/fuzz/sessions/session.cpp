@@ -77,9 +77,15 @@ void Session::Run() {
     Require(Leftovers(mWorld, mStarted));
 }
 
+void Session::RequireWindow() {
+    if (!mSawWindow)
+        Require({"no window was opened"});
+}
+
 /// False: the person has gone.
 bool Session::Step() {
     Look();
+    mSawWindow = mSawWindow || !Application::Current().Forms().empty();
     if (mBytes.AtEnd() || mDone.size() > kLongest)
         return false;
     Act();
@@ -194,10 +200,12 @@ void Session::WatchPasswordCalls(const char* name) {
 
 void Session::AcceptEnd(const RuntimeError& error) {
     const bool overflow = error.number() == kOverflow && (ShowsTooManyDays() || mStarted.has_directory);
-    // What the directory can't tell of an account is not trapped, as told.
-    const bool unknown =
-        mStarted.has_directory && (error.number() < 0 || error.number() == kPermissionDenied);
-    if (!mStarted.has_faults && !overflow && !unknown)
+    // What the directory can't tell of an account is not trapped, as told; nor are some failures of the shell
+    // and of a library's entries. All of them bear the number of the failed call, never one of the logic's
+    // own.
+    const bool unknown = (mStarted.has_directory || mStarted.has_faults) &&
+                         (error.number() < 0 || error.number() == kPermissionDenied);
+    if (!overflow && !unknown)
         Require({"run-time error " + std::to_string(error.number()) + ": " + ToUtf8(error.description())});
 }
 

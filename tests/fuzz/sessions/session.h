@@ -18,6 +18,9 @@ class Session {
     Session(practice::World& world, SessionBytes bytes);
     void Run();
 
+    /// Some window was open.
+    void RequireWindow();
+
   private:
     bool Step();
     void Act();
@@ -37,7 +40,8 @@ class Session {
     StartedWorld mStarted;
     tests::WindowRules mRules;
     std::vector<std::string> mDone; ///< for a message
-    int mPumpDepth = 0;             ///< inputs that came while a handler was running
+    bool mSawWindow = false;
+    int mPumpDepth = 0; ///< inputs that came while a handler was running
 };
 
 } // namespace kestrelmoor::fuzz

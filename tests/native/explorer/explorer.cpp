@@ -15,7 +15,6 @@ namespace kestrelmoor::tests {
 namespace {
 
 constexpr std::size_t kLongestStart = 400; ///< inputs: a way that can still be read
-constexpr int kMostBarrenStarts = 30;      ///< in a row, without anything new
 constexpr std::size_t kMostFindings = 10;
 
 std::string JoinedWay(const std::vector<std::string>& way) {
@@ -36,17 +35,27 @@ Explorer::Explorer(const StartOfExploration& start, std::size_t depth, bool clos
 }
 
 Explorer::Result Explorer::Explore() {
-    int barren = 0;
+    int barren = 0; // starts in a row that tried nothing new: the second one went by inputs that led there
     do {
         const std::size_t tried = mTried;
         StartProgram();
         barren = mTried == tried ? barren + 1 : 0;
-    } while (AnyWorkLeft() && barren < kMostBarrenStarts && mResult.findings.size() < kMostFindings);
+        if (barren != 0)
+            RetraceToWork();
+    } while (AnyWorkLeft() && barren < 2 && mResult.findings.size() < kMostFindings);
     mResult.states = mStates.size();
     mResult.inputs = mTried;
     mResult.unreached = static_cast<std::size_t>(
         std::ranges::count_if(mStates, [this](const State& state) { return HasWork(state); }));
     return mResult;
+}
+
+/// A known way can lead elsewhere at another time, since fingerprints leave out what OK alone stores. What
+/// none leads to is come to by the very inputs that led there before.
+void Explorer::RetraceToWork() {
+    const auto found = std::ranges::find_if(mStates, [this](const State& state) { return HasWork(state); });
+    if (found != mStates.end())
+        mRetraced.assign(found->way.rbegin(), found->way.rend());
 }
 
 void Explorer::StartProgram() {
@@ -61,13 +70,17 @@ void Explorer::StartProgram() {
     world.actions.Source = [this] { return TakeStep(); };
     Application::Current().SetDesktop(&platform::TheDesktop());
     ResetProgramState();
-    mRules = {};
+    mRules = std::make_unique<WindowRules>();
     mWay.clear();
+    mInputs.clear();
+    mPlan.clear();
     mTaken.reset();
     mPrefixDone = 0;
+    mLongest = kLongestStart + mRetraced.size();
     ++mResult.starts;
     RunProgram();
     world.actions = {};
+    mRetraced.clear();
     GiveBackAll();
     if (world.handles.WrongReleases() != 0)
         mResult.findings.push_back("a wrong release" + JoinedWay(mWay));
@@ -78,7 +91,7 @@ void Explorer::RunProgram() {
         Main();
         Application::Current().Run();
         if (mTaken)
-            Arrive(Fingerprint());
+            Arrive(Fingerprint(*mRules));
     } catch (const RuntimeError& error) {
         mResult.findings.push_back("run-time error " + std::to_string(error.number()) + JoinedWay(mWay));
         if (mTaken)
@@ -94,12 +107,12 @@ bool Explorer::TakeStep() {
         mWay.push_back(TextOf(action));
         return CarryOut(action) && sound;
     }
-    Arrive(Fingerprint());
-    return sound && mWay.size() < kLongestStart && ChooseNext();
+    Arrive(Fingerprint(*mRules));
+    return sound && mWay.size() < mLongest && ChooseNext();
 }
 
 bool Explorer::Look() {
-    const std::vector<std::string> broken = mRules.Look();
+    const std::vector<std::string> broken = mRules->Look();
     for (const std::string& text : broken)
         mResult.findings.push_back(text + JoinedWay(mWay));
     return broken.empty();
@@ -128,6 +141,7 @@ bool Explorer::ChooseNext() {
     mTaken = edge;
     const UserAction action = mStates[mCurrent].edges[*edge].action;
     mWay.push_back(TextOf(action));
+    mInputs.push_back(action);
     ++mResult.steps;
     LastingWorld().calls.Clear();
     CarryOut(action);
@@ -137,6 +151,8 @@ bool Explorer::ChooseNext() {
 /// Something new here, else a step towards the nearest state with something new.
 std::optional<std::size_t> Explorer::NextInput() {
     const State& here = mStates[mCurrent];
+    if (!mRetraced.empty())
+        return RetracedInput();
     if (HasWork(here)) {
         const auto untried =
             std::ranges::find_if(here.edges, [](const Edge& edge) { return !edge.leads_to.has_value(); });
@@ -149,6 +165,15 @@ std::optional<std::size_t> Explorer::NextInput() {
     const std::size_t edge = mPlan.back().edge;
     mPlan.pop_back();
     return edge;
+}
+
+std::optional<std::size_t> Explorer::RetracedInput() {
+    const auto& edges = mStates[mCurrent].edges;
+    const auto found = std::ranges::find(edges, mRetraced.back(), &Edge::action);
+    mRetraced.pop_back();
+    if (found == edges.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - edges.begin());
 }
 
 /// The shortest known way to a state with work, breadth first, its first step last.
@@ -194,8 +219,12 @@ std::size_t Explorer::StateOf(const std::string& print) {
         state.untried = state.edges.size();
         const Form* const front = Application::Current().ActiveForm();
         state.leads_back = front != nullptr && front->Name() != mStart.explored;
+        state.way = mInputs;
         mStates.push_back(std::move(state));
     }
+    State& state = mStates[found->second];
+    if (mInputs.size() < state.way.size())
+        state.way = mInputs;
     return found->second;
 }
 

@@ -53,8 +53,9 @@ class Explorer {
     struct State {
         std::vector<Edge> edges;
         std::size_t untried = 0;
-        std::size_t distance = 0; ///< from the first state
-        bool leads_back = false;  ///< of another window than the explored one
+        std::size_t distance = 0;      ///< from the first state
+        bool leads_back = false;       ///< of another window than the explored one
+        std::vector<UserAction> way{}; ///< the inputs of the shortest start that was seen to come here
     };
 
     /// A known way: at a state the edge to take.
@@ -70,6 +71,8 @@ class Explorer {
     bool Look();
     bool ChooseNext();
     std::optional<std::size_t> NextInput();
+    std::optional<std::size_t> RetracedInput();
+    void RetraceToWork();
     std::vector<Step> WayToWork() const;
     bool HasWork(const State& state) const;
     bool AnyWorkLeft() const;
@@ -87,10 +90,13 @@ class Explorer {
     std::size_t mCurrent = 0;
     std::optional<std::size_t> mTaken; ///< the edge of the current state that is being tried
     std::vector<Step> mPlan;           ///< the next step last
+    std::vector<UserAction> mRetraced; ///< inputs to be made as they were before, the next one last
+    std::vector<UserAction> mInputs;   ///< of this start, behind the prefix
     std::size_t mPrefixDone = 0;
-    std::size_t mTried = 0; ///< inputs, each in its state
+    std::size_t mLongest = 0; ///< this start, in inputs
+    std::size_t mTried = 0;   ///< inputs, each in its state
     std::vector<std::string> mWay;
-    WindowRules mRules;
+    std::unique_ptr<WindowRules> mRules; ///< of this start
     Result mResult;
 };
 

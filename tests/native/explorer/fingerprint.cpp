@@ -1,9 +1,11 @@
 #include "tests/native/explorer/fingerprint.h"
 
+#include "platform/practice/list_views.h"
 #include "platform/practice/world/world.h"
 #include "runtime/conversions.h"
 #include "runtime/forms/application.h"
 #include "runtime/forms/controls.h"
+#include "shell/program_state.h"
 
 #include <algorithm>
 
@@ -23,6 +25,8 @@ char ClassOf(const Control& box, const String& text) {
 std::string RowsOf(const RowControl& list) {
     const auto* const box = dynamic_cast<const ListBox*>(&list);
     std::string rows = std::to_string(list.ListIndex()) + ":";
+    if (box != nullptr)
+        rows += std::to_string(practice::ListViews::Current().TopRow(*box)) + ":";
     for (int row = 0; box != nullptr && row < list.ListCount(); ++row) {
         const bool placeholder = list.List(row) == u"...";
         const std::int32_t mask = list.ItemData(row);
@@ -50,20 +54,25 @@ std::string StateOf(const Control& control) {
     return state + (control.IsUsable() ? "" : control.Enabled() ? "h" : "n");
 }
 
+/// What the settings window begins with, as far as it shows.
+std::string HeldForSettings() {
+    return std::to_string(gServerCount) + " servers, " + std::to_string(gLangID);
+}
+
 } // namespace
 
-std::string Fingerprint() {
+std::string Fingerprint(const WindowRules& seen) {
     std::string print;
     for (const auto& form : Application::Current().Forms()) {
         print += ToUtf8(form->Name()) + " " + ToUtf8(form->FocusHolder() ? form->FocusHolder()->Name() : u"");
         for (const Control* const control : form->AllControls())
             if (control->Kind() != ControlKind::Label && control->Kind() != ControlKind::Line)
                 print += "," + StateOf(*control);
-        print += ";";
+        print += seen.KeepsPassword(*form) ? ",kept;" : ";";
     }
     if (practice::TheWorld().browser.Current() != nullptr)
         print += "dialog";
-    return print.empty() ? "ended" : print;
+    return print.empty() ? "ended" : print + HeldForSettings();
 }
 
 } // namespace kestrelmoor::tests

@@ -62,10 +62,19 @@ void Join(Lines& lines, const Lines& further) {
     lines.insert(lines.end(), further.begin(), further.end());
 }
 
-/// Where the second one ends the run, its outcome is the whole.
-Told Both(Told a, const Told& b) {
+bool EndsByError(const Told& told) {
+    return std::ranges::any_of(told.more, [](const std::string& line) { return line.starts_with("error "); });
+}
+
+/// Where the second one ends the run, its outcome is the whole, behind what the first one has shown by then.
+Told Both(Told a, Told b) {
     if (!b.only.empty())
         return b;
+    if (EndsByError(b)) {
+        Join(b.may_come, a.more);
+        Join(b.log_may_come, a.log_more);
+        return b;
+    }
     Join(a.gone, b.gone);
     Join(a.more, b.more);
     Join(a.may_go, b.may_go);
@@ -89,6 +98,20 @@ Told WithoutWords(Told told) {
     CutWords(told.only);
     CutWords(told.log_more);
     told.log_may_come.emplace_back("Error: No text was found for a system error.*");
+    return told;
+}
+
+/// The same in a run that has taken another road, whose lines of the log the usual one doesn't have.
+Told OnAnotherRoad(Told told) {
+    Join(told.log_may_go, told.log_gone);
+    told.log_gone.clear();
+    return told;
+}
+
+/// The same where a box can't be shown.
+Told WithoutABox(Told told) {
+    for (Lines* const patterns : {&told.more, &told.only})
+        std::erase_if(*patterns, [](const std::string& pattern) { return pattern.starts_with("box "); });
     return told;
 }
 
@@ -259,7 +282,8 @@ std::vector<std::size_t> ToldTable::FollowersOf(const Cell& cell) const {
     std::vector<std::size_t> followers;
     for (const std::string& name : cell.scenario->pairs) {
         const json& operation = mTable.at("operations").at(name);
-        if (!Names(operation.at("calls"), cell.Call().name))
+        if (!Names(operation.contains("first") ? operation.at("first") : operation.at("calls"),
+                   cell.Call().name))
             continue;
         for (std::size_t i = cell.place + 1; i < cell.calls->size(); ++i) {
             const practice::Call& call = (*cell.calls)[i];
@@ -287,15 +311,19 @@ ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second)
         return {std::nullopt, of_first};
     const auto rule = static_cast<std::size_t>(found - rules.begin());
     const json& told = found->at("told");
-    if (told.is_object() || told == "same")
+    if (told.is_object() || mTable.at("outcomes").contains(told.get<std::string>()))
         return {rule, Read(told, first)};
     if (told == "first")
         return {rule, of_first};
     if (told == "first without words")
         return {rule, of_first ? std::optional(WithoutWords(*of_first)) : std::nullopt};
+    if (told == "first without a box")
+        return {rule, of_first ? std::optional(WithoutABox(*of_first)) : std::nullopt};
     const std::optional<Told> of_second = told_for(second);
     if (!of_first || !of_second)
         return {rule, std::nullopt};
+    if (told == "both on another road")
+        return {rule, Both(*of_first, OnAnotherRoad(*of_second))};
     return {rule, Both(*of_first, *of_second)};
 }
 

@@ -47,7 +47,9 @@ struct Told {
 /// {argument} (the first one), and of the call's target {row}, {phrase} and {password}; "@NAME" stands for
 /// the patterns of a list. A rule of `pairs` tells the outcome of two faults, in place of that of the first:
 /// "both" for what is told for either, "first" (a rule that stands ahead of a wider one), "first without
-/// words" where the second one costs the first its text, or an outcome of its own.
+/// words" and "first without a box" where the second one costs the first its text or its box, "both on
+/// another road" where the first has led the run to calls that the log doesn't have without it, or an outcome
+/// of its own. An operation can name the calls that are tried `first`, where not all of them are.
 class ToldTable {
   public:
     static const ToldTable& Current();

@@ -4,7 +4,7 @@
 #include "platform/form_peer.h"
 #include "platform/practice/world/log_on.h"
 #include "shell/Main.h"
-#include "tests/native/support/password_changes.h"
+#include "tests/native/support/accounts_of.h"
 
 #include <algorithm>
 #include <utility>

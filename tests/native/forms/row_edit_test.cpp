@@ -92,6 +92,20 @@ TEST_F(RowEdit, TheKeyboardReachesTheRowThatWasCurrent) {
     EXPECT_EQ(List().ListIndex(), 2);
 }
 
+TEST_F(RowEdit, TheButtonCountsTheOtherRowsWhereWhatTheSingleModeHeldIsEmptied) {
+    Open();
+    TypeInto(u"txtOldPass", u"single");
+    ASSERT_TRUE(user.ClickOn(Same()));
+    Edit(1);
+    user.Type(u"one");
+    ASSERT_TRUE(user.ClickOn(Same()));
+    ASSERT_TRUE(user.ClickOn(Same()));
+    EXPECT_TRUE(OkEnabled());
+    Edit(0);
+    EXPECT_EQ(InPlace().Text(), u"");
+    EXPECT_TRUE(OkEnabled());
+}
+
 TEST_F(RowEdit, TheModeSwitchedByCodeGoesStraightToTheFirstRow) {
     Open();
     Same().SetValue(0);

@@ -222,6 +222,10 @@ void PasswordWindowRules::FollowMode(const Form& form, Findings& found) {
     mWasSingle = single;
 }
 
+bool PasswordWindowRules::KeepsPassword(const Form& form) const {
+    return IsFor(form) && !mWasSingle && !mSinglePassword.empty();
+}
+
 void PasswordWindowRules::CheckButton(const Form& form, Findings& found) const {
     const TextBox& box = OldPassword(form);
     bool expected = !On<TextBox>(form, u"txtNewPass").Text().empty();
@@ -266,8 +270,10 @@ void PasswordWindowRules::Look(const Form& form, Findings& found) {
     found.Expect(form.MousePointer() == mouse_pointer::kDefault, "no hourglass between inputs");
     if (ShowsResults(form)) {
         CheckOutcome(form, found);
+        mRun.Look(form, found);
         return;
     }
+    mRun.Remember();
     CheckEntry(form, found);
     CheckCaptions(form, found);
     FollowEdit(form, found);

@@ -2,6 +2,7 @@
 
 #include "runtime/forms/form.h"
 #include "tests/native/rules/findings.h"
+#include "tests/native/rules/run_rules.h"
 
 #include <map>
 #include <memory>
@@ -17,6 +18,9 @@ class PasswordWindowRules {
     /// Between two inputs, of which none is longer than a key or a click.
     void Look(const Form& form, Findings& found);
 
+    /// The single mode's old password waits while the list mode is on.
+    bool KeepsPassword(const Form& form) const;
+
     bool IsFor(const Form& form) const { return mForm.lock().get() == &form; }
 
   private:
@@ -27,6 +31,7 @@ class PasswordWindowRules {
     std::size_t LengthOf(const String& folded_name) const;
     std::size_t TotalLength() const;
 
+    RunRules mRun;
     std::weak_ptr<const Form> mForm;
     std::map<String, std::size_t> mLengths; ///< of the old passwords that are kept, by folded name
     String mEdited;                         ///< folded name of the row in edit, empty: none

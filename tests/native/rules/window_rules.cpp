@@ -51,6 +51,10 @@ void WindowRules::LookAt(const Form& form, Findings& found) {
     }
 }
 
+bool WindowRules::KeepsPassword(const Form& form) const {
+    return mPassword && mPassword->KeepsPassword(form);
+}
+
 std::vector<std::string> WindowRules::Look() {
     Findings found;
     CheckOrder(found);

@@ -17,6 +17,9 @@ class WindowRules {
     /// runs but those that keep a modal window open. Gives what is broken, a text each.
     std::vector<std::string> Look();
 
+    /// What the password window was seen to take out of sight comes back with its single mode.
+    bool KeepsPassword(const Form& form) const;
+
   private:
     void LookAt(const Form& form, Findings& found);
 

@@ -2,6 +2,7 @@
 
 #include "forms/settings/frmSettings.h"
 #include "tests/native/forms/password_rows.h"
+#include "tests/native/support/accounts_of.h"
 
 #include <algorithm>
 
@@ -21,6 +22,16 @@ class RulesOfTheWindows : public PasswordRows {
         EXPECT_TRUE(
             std::ranges::any_of(broken, [&](const std::string& text) { return text.starts_with(rule); }))
             << rule << " among " << testing::PrintToString(broken);
+    }
+
+    /// In which the stand-alone server refuses the change.
+    void RunWithARefusal() {
+        Open();
+        TypePasswords(kOldPassword, kNewPassword);
+        rules.Look();
+        world.Fail("NetUserChangePassword", 2245, 2);
+        ClickOk();
+        ExpectSilence();
     }
 
     /// Over the password window, as if it had been asked for.
@@ -156,6 +167,30 @@ TEST_F(RulesOfTheWindows, SeeAWayBackWhereTheSessionWillEnd) {
     ExpectSilence();
     At(u"cmdOK").SetEnabled(true);
     ExpectComplaint("no way back where the session will end");
+}
+
+TEST_F(RulesOfTheWindows, SeeATargetThatIsWronglyToldAsChanged) {
+    RunWithARefusal();
+    AccountsOf(world.network, u"PRACTICE")->Find(u"user")->password = u"another";
+    ExpectComplaint("a target that is told as changed has the new password: PRACTICE");
+}
+
+TEST_F(RulesOfTheWindows, SeeATargetThatIsWronglyToldAsNotChanged) {
+    RunWithARefusal();
+    AccountsOf(world.network, u"ARCHIVE")->Find(u"user")->password = u"another";
+    ExpectComplaint("a target that is told as not changed has its former password: \\\\ARCHIVE");
+}
+
+TEST_F(RulesOfTheWindows, SeeATargetWithoutAParagraph) {
+    RunWithARefusal();
+    Box(u"txtStatus").SetText(u"");
+    ExpectComplaint("one paragraph for each target: \\\\ARCHIVE");
+}
+
+TEST_F(RulesOfTheWindows, SeeASessionThatWouldGoOn) {
+    RunWithARefusal();
+    At(u"cmdCancel").SetCaption(At(u"cmdOK").Caption());
+    ExpectComplaint("the session ends exactly where");
 }
 
 TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {

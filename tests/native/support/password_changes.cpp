@@ -1,14 +1,13 @@
-#include "tests/native/support/password_changes.h"
-
-#include "platform/practice/world/log_on.h"
-#include "platform/practice/world/names.h"
 #include "platform/practice/world/password_changes.h"
+#include "platform/practice/world/log_on.h"
+#include "tests/native/support/accounts_of.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace kestrelmoor::tests {
+
+// After each change of a password that a network answers as done, in whatever test, the new password must log
+// on and the old one must not: a change that doesn't hold fails the test that made it.
 
 namespace {
 
@@ -16,14 +15,6 @@ using practice::AccountStore;
 using practice::Moment;
 using practice::Network;
 using practice::PasswordChange;
-
-bool Bears(const practice::Domain& domain, StringView name) {
-    StringList names{domain.name, domain.dns_name};
-    for (const practice::Controller& controller : domain.controllers)
-        names.insert(names.end(), {controller.name, controller.dns_name});
-    return std::any_of(names.begin(), names.end(),
-                       [&](const String& one) { return practice::SameName(one, name); });
-}
 
 void ProveChange(Network& network, Moment now, const PasswordChange& change) {
     AccountStore* const accounts = AccountsOf(network, change.place);
@@ -42,16 +33,5 @@ class PasswordChanges : public testing::Environment {
     testing::AddGlobalTestEnvironment(new PasswordChanges);
 
 } // namespace
-
-AccountStore* AccountsOf(Network& network, StringView place) {
-    const StringView name = place.starts_with(u"\\\\") ? place.substr(2) : place;
-    for (practice::Computer& computer : network.computers)
-        if (practice::SameName(computer.name, name.empty() ? StringView(network.local_computer) : name))
-            return &computer.store;
-    for (practice::Domain& domain : network.domains)
-        if (Bears(domain, name))
-            return &domain.store;
-    return nullptr;
-}
 
 } // namespace kestrelmoor::tests
