@@ -133,11 +133,9 @@ SignificantDigits DigitsOf(double magnitude) {
         magnitude /= 10;
     for (; magnitude < 1; --exponent)
         magnitude *= 10;
-    std::int32_t number = RoundToInteger32(magnitude * 1E6);
-    if (number == 10'000'000) {
-        number = 1;
+    const std::int32_t number = RoundToInteger32(magnitude * 1E6);
+    if (number == 10'000'000)
         ++exponent;
-    }
     String digits = DecimalText(number);
     digits.resize(digits.find_last_not_of(u'0') + 1);
     return {std::move(digits), exponent};

@@ -98,8 +98,10 @@ void ApplyTo(Control& control, const ThemedColours& colours, Form& form) {
 }
 
 void RefreshIcon(WindowHandle hWnd, std::uint32_t nSize, int nWidthMetric, int nHeightMetric) {
-    platform::OwnedIcon icon = platform::LoadIconImage(kIconGroup, platform::GetSystemMetrics(nWidthMetric),
-                                                       platform::GetSystemMetrics(nHeightMetric));
+    // Each on its own line: the order of two arguments is the compiler's.
+    const int width = platform::GetSystemMetrics(nWidthMetric);
+    const int height = platform::GetSystemMetrics(nHeightMetric);
+    platform::OwnedIcon icon = platform::LoadIconImage(kIconGroup, width, height);
     // What the window bore until now goes at the end of this line.
     if (icon)
         platform::SetWindowIcon(hWnd, nSize, std::move(icon));

@@ -439,7 +439,7 @@ class Sizes(ListCase):
         run_at(self, Many())
 
     def test_ten_thousand_targets_open_are_edited_and_run(self):
-        self.look_at(10000, patience=120)
+        self.look_at(10000, patience=480)
 
     def test_passwords_of_32000_characters_go_through_unchanged(self):
         old, new = "o" * 31990 + "\u6f22\u0436 \\\t;%s", "N2-" + "\u00e9" * 31997

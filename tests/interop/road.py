@@ -7,9 +7,9 @@
 
 The ways: "open" passes everything on, "silent" takes connections and says nothing, "hold" keeps back the
 server's answer to the change until it is let go, "cut ahead" breaks off when the request for the change
-comes and doesn't pass it on, "cut behind" passes it on and breaks off when the server's answer comes, and
-"cut at N" breaks off when N bytes have gone to callers; a server's word that it is still at work, which comes
-or not by chance, doesn't count.
+comes and doesn't pass it on, "cut behind" passes it on and breaks off when the server's answer comes, "cut within"
+breaks off ahead of the last byte of that answer, and "cut at N" breaks off when N bytes have gone to callers; a
+server's word that it is still at work, which comes or not by chance, doesn't count.
 
 A road tells what happens on it, in the order in which it happens: "connected", "asked" (the request for the
 change has come), "answered" (so has the answer to it), "cut", and "passed N", the bytes to callers so far.
@@ -173,6 +173,10 @@ class Passage:
             if self._harm.way == "hold":
                 self._harm.go.wait()
             if self._harm.way == "cut behind":
+                self._cut()
+                return False
+            if self._harm.way == "cut within":
+                self._caller.sendall(frame[:-1])
                 self._cut()
                 return False
         count = self._harm.allowed(len(frame))

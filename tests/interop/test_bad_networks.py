@@ -204,7 +204,8 @@ class CutAnywhere(BridgeCase):
                 with Road(server, "open") as road:
                     self.assertEqual(self.change("\\\\" + server.name, server.first_password, old), 0)
                     whole = road.passed_with_the_answer()
-                cuts = [1, whole // 3, whole * 2 // 3, whole - 200, whole - 1]
+                # What else is on its way with the answer may come ahead of it or behind it.
+                cuts = ["at %d" % count for count in (1, whole // 3, whole * 2 // 3, whole - 200)] + ["within"]
                 done = [self.changed_by_a_cut(server, old, cut) for cut in cuts]
                 self.assertEqual(done, [False, False, False, False, True])
 
@@ -212,7 +213,7 @@ class CutAnywhere(BridgeCase):
         """Whether the new password holds after a change that is told as broken off; then it is the old one's
         turn again."""
         new = fresh()
-        with Road(server, f"cut at {cut}") as road:
+        with Road(server, "cut " + cut) as road:
             self.assertEqual(self.change("\\\\" + server.name, old, new), 64, cut)
             road.wait("cut")
         lets_in = (server.log_on(USER, old), server.log_on(USER, new))
