@@ -1,7 +1,10 @@
-"""report.py REPORT PAGE: reads what llvm-cov counted, in the form of lcov; prints totals and, for each source, the
-lines that no test reaches and those with a branch that none takes; and compares the first with the page's list: a line
+"""report.py LINES BRANCHES PAGE: reads what llvm-cov counted, the lines in the form of lcov and the branches, which
+have columns there, in its own; prints totals and, for each source, the lines that no test reaches and those with a
+branch that none takes; and compares the first with the page's list: a line
 `- \`src/a.cpp\` (3): why` for each source with lines that no test reaches, and how many."""
 
+import json
+import os
 import pathlib
 import re
 import sys
@@ -12,22 +15,32 @@ LEAST_BRANCHES = 0.92
 ENTRY = re.compile(r"^- `(src/[^`]+)` \((\d+)\): \S.*$")
 
 
-def counted(report):
-    """{source: ({line: count}, {branch: count})}; a branch that an instance of a template takes is taken."""
+def source_named(name):
+    return os.path.relpath(ROOT / name, ROOT)
+
+
+def counted_lines(report):
+    """{source: {line: count}} of what llvm-cov exports in the form of lcov"""
     files = {}
     for line in report.splitlines():
         kind, _, values = line.partition(":")
         if kind == "SF":
-            source = pathlib.PurePath(values)
-            source = source.relative_to(ROOT) if source.is_absolute() else source
-            lines, branches = files.setdefault(str(source), ({}, {}))
+            lines = files.setdefault(source_named(values), {})
         elif kind == "DA":
             number, count = map(int, values.split(",")[:2])
             lines[number] = max(count, lines.get(number, 0))
-        elif kind == "BRDA":
-            *branch, count = values.split(",")
-            count = 0 if count == "-" else int(count)
-            branches[tuple(branch)] = max(count, branches.get(tuple(branch), 0))
+    return files
+
+
+def counted_branches(report):
+    """{source: {(line, column, last line, last column, outcome): count}} of what llvm-cov exports in its own form; a
+    branch that an instance of a template takes is taken."""
+    files = {}
+    for file in json.loads(report)["data"][0]["files"]:
+        branches = files.setdefault(source_named(file["filename"]), {})
+        for *place, true, false in (branch[:6] for branch in file["branches"]):
+            for outcome, count in ((True, true), (False, false)):
+                branches[*place, outcome] = branches.get((*place, outcome), 0) + count
     return files
 
 
@@ -69,17 +82,19 @@ def share(part, whole):
     return part / whole if whole else 1.0
 
 
-def main(report, page):
+def main(line_report, branch_report, page):
     totals, all_missed = [0, 0, 0, 0], {}
-    for source, (lines, branches) in sorted(counted(pathlib.Path(report).read_text()).items()):
+    all_branches = counted_branches(pathlib.Path(branch_report).read_text())
+    for source, lines in sorted(counted_lines(pathlib.Path(line_report).read_text()).items()):
         if not of_interest(source):
             continue
+        branches = all_branches[source]
         of_file = reached(lines), len(lines), reached(branches), len(branches)
         totals = [total + count for total, count in zip(totals, of_file)]
         missed = [number for number, count in lines.items() if count == 0]
         if missed:
             all_missed[source] = missed
-        not_taken = sorted({int(branch[0]) for branch, count in branches.items() if count == 0})
+        not_taken = sorted({branch[0] for branch, count in branches.items() if count == 0})
         if missed or not_taken:
             print("%-55s lines %4d/%4d  branches %4d/%4d  %s; %s" % (source, *of_file, ranges(missed) or "-",
                   ranges(not_taken) or "-"))

@@ -13,5 +13,6 @@ cmake --preset coverage >/dev/null
 cmake --build --preset coverage --target native_tests
 LLVM_PROFILE_FILE=$out/native_tests.profraw $tests --gtest_brief=1
 llvm-profdata merge -o $out/native_tests.profdata $out/native_tests.profraw
-llvm-cov export --format=lcov --instr-profile=$out/native_tests.profdata $tests src >$out/report.info
-exec /usr/bin/python3 -B "$here/report.py" $out/report.info docs/coverage.md
+llvm-cov export --format=lcov --instr-profile=$out/native_tests.profdata $tests >$out/lines.info
+llvm-cov export --format=text --skip-functions --instr-profile=$out/native_tests.profdata $tests >$out/branches.json
+exec /usr/bin/python3 -B "$here/report.py" $out/lines.info $out/branches.json docs/coverage.md
