@@ -26,8 +26,9 @@ endif()
 
 if(KESTRELMOOR_FUZZ)
   # Not for a library that the program loads: it would look for the fuzzer's hooks in vain.
+  set(not_traced ${CMAKE_CURRENT_LIST_DIR}/fuzz_not_traced.txt)
   target_compile_options(house_rules INTERFACE
-    $<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>:-fsanitize=fuzzer-no-link>)
+    "$<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>:-fsanitize=fuzzer-no-link;-fsanitize-coverage-ignorelist=${not_traced}>")
   # Steps beyond a container's end are findings in the build without sanitizers, too.
   target_compile_definitions(house_rules INTERFACE _GLIBCXX_ASSERTIONS)
 endif()

@@ -66,9 +66,27 @@ RegistryValue FromString(std::uint32_t nType, const RawData& data) {
     throw RuntimeError(kWriteFailed, kSource, LoadMessage(102, {text}));
 }
 
+std::size_t SizeOf(const String& text) {
+    return text.size() * sizeof(char16_t);
+}
+
 RawData DataOf(const String& text) {
-    RawData data((text.size() + 1) * sizeof(char16_t));
-    std::memcpy(data.data(), text.data(), text.size() * sizeof(char16_t));
+    RawData data(SizeOf(text) + sizeof(char16_t));
+    std::memcpy(data.data(), text.data(), SizeOf(text));
+    return data;
+}
+
+/// A terminator behind each text and one behind all; a list of none has two all the same.
+RawData DataOf(const StringList& list) {
+    std::size_t size = list.empty() ? 2 * sizeof(char16_t) : sizeof(char16_t);
+    for (const String& text : list)
+        size += SizeOf(text) + sizeof(char16_t);
+    RawData data(size);
+    std::size_t place = 0;
+    for (const String& text : list) {
+        std::memcpy(data.data() + place, text.data(), SizeOf(text));
+        place += SizeOf(text) + sizeof(char16_t);
+    }
     return data;
 }
 
@@ -88,9 +106,7 @@ class Writer {
         Set(type::kDword, data);
     }
     void operator()(const String& text) const { Set(type::kString, DataOf(text)); }
-    void operator()(const Array<String>& list) const {
-        Set(type::kMultiString, DataOf(Join(list.Elements(), u'\0') + u'\0'));
-    }
+    void operator()(const Array<String>& list) const { Set(type::kMultiString, DataOf(list.Elements())); }
     void operator()(const Bytes& bytes) const { Set(type::kBinary, bytes.Elements()); }
     void operator()(ErrorMark) const { throw RuntimeError(kNoSuchKind, kSource, LoadMessage(101, {})); }
 

@@ -82,14 +82,17 @@ void Session::RequireWindow() {
         Require({"no window was opened"});
 }
 
-/// False: the person has gone.
+/// False: the person has gone. Behind a modal window each of the loops asks by itself, the outer ones with
+/// windows as no program has them.
 bool Session::Step() {
+    if (mGone)
+        return false;
     Look();
     mSawWindow = mSawWindow || !Application::Current().Forms().empty();
-    if (mBytes.AtEnd() || mDone.size() > kLongest)
-        return false;
-    Act();
-    return true;
+    mGone = mBytes.AtEnd() || mDone.size() > kLongest;
+    if (!mGone)
+        Act();
+    return !mGone;
 }
 
 void Session::Act() {

@@ -41,6 +41,7 @@ class Session {
     tests::WindowRules mRules;
     std::vector<std::string> mDone; ///< for a message
     bool mSawWindow = false;
+    bool mGone = false; ///< the person
     int mPumpDepth = 0; ///< inputs that came while a handler was running
 };
 

@@ -35,27 +35,32 @@ Explorer::Explorer(const StartOfExploration& start, std::size_t depth, bool clos
 }
 
 Explorer::Result Explorer::Explore() {
-    int barren = 0; // starts in a row that tried nothing new: the second one went by inputs that led there
     do {
         const std::size_t tried = mTried;
         StartProgram();
-        barren = mTried == tried ? barren + 1 : 0;
-        if (barren != 0)
+        if (mTried == tried)
             RetraceToWork();
-    } while (AnyWorkLeft() && barren < 2 && mResult.findings.size() < kMostFindings);
+        else
+            mSought.reset();
+    } while (AnyWorkLeft() && mResult.findings.size() < kMostFindings);
     mResult.states = mStates.size();
     mResult.inputs = mTried;
-    mResult.unreached = static_cast<std::size_t>(
-        std::ranges::count_if(mStates, [this](const State& state) { return HasWork(state); }));
+    mResult.unreached = static_cast<std::size_t>(std::ranges::count_if(mStates, &State::lost));
     return mResult;
 }
 
 /// A known way can lead elsewhere at another time, since fingerprints leave out what OK alone stores. What
-/// none leads to is come to by the very inputs that led there before.
+/// none leads to is come to by the very inputs that led there before; what was sought by them in vain is
+/// lost.
 void Explorer::RetraceToWork() {
+    if (mSought)
+        mStates[*mSought].lost = true;
+    mSought.reset();
     const auto found = std::ranges::find_if(mStates, [this](const State& state) { return HasWork(state); });
-    if (found != mStates.end())
-        mRetraced.assign(found->way.rbegin(), found->way.rend());
+    if (found == mStates.end())
+        return;
+    mSought = static_cast<std::size_t>(found - mStates.begin());
+    mRetraced.assign(found->way.rbegin(), found->way.rend());
 }
 
 void Explorer::StartProgram() {
@@ -67,7 +72,7 @@ void Explorer::StartProgram() {
         world.boxes.Answer(answer);
     for (const practice::Fault& fault : mStartWorld->calls.Faults())
         world.Fail(fault.name, fault.code, fault.nth);
-    world.actions.Source = [this] { return TakeStep(); };
+    world.actions.Source = [this] { return GoOn(); };
     Application::Current().SetDesktop(&platform::TheDesktop());
     ResetProgramState();
     mRules = std::make_unique<WindowRules>();
@@ -76,6 +81,7 @@ void Explorer::StartProgram() {
     mPlan.clear();
     mTaken.reset();
     mPrefixDone = 0;
+    mGone = false;
     mLongest = kLongestStart + mRetraced.size();
     ++mResult.starts;
     RunProgram();
@@ -97,6 +103,14 @@ void Explorer::RunProgram() {
         if (mTaken)
             Arrive("error");
     }
+}
+
+/// One input, unless the person has gone. Behind a modal window each of the loops asks by itself, the outer
+/// ones with windows as no program has them.
+bool Explorer::GoOn() {
+    if (!mGone && !TakeStep())
+        mGone = true; // and stays so for the loops that wait for the one within
+    return !mGone;
 }
 
 /// One input; false: this start has nothing left to do.
@@ -132,6 +146,8 @@ void Explorer::Arrive(const std::string& print) {
         mTaken.reset();
     }
     mCurrent = here;
+    if (mRetraced.empty())
+        mStates[here].lost = false;
 }
 
 bool Explorer::ChooseNext() {
@@ -202,7 +218,7 @@ std::vector<Explorer::Step> Explorer::WayToWork() const {
 }
 
 bool Explorer::HasWork(const State& state) const {
-    return state.untried != 0 && (state.distance < mDepth || state.leads_back);
+    return state.untried != 0 && !state.lost && (state.distance < mDepth || state.leads_back);
 }
 
 bool Explorer::AnyWorkLeft() const {

@@ -55,6 +55,7 @@ class Explorer {
         std::size_t untried = 0;
         std::size_t distance = 0;      ///< from the first state
         bool leads_back = false;       ///< of another window than the explored one
+        bool lost = false;             ///< its way has led elsewhere the second time
         std::vector<UserAction> way{}; ///< the inputs of the shortest start that was seen to come here
     };
 
@@ -67,6 +68,7 @@ class Explorer {
     void StartProgram();
     void RunProgram();
     bool TakeStep();
+    bool GoOn();
     void Arrive(const std::string& print);
     bool Look();
     bool ChooseNext();
@@ -88,11 +90,13 @@ class Explorer {
     std::vector<State> mStates;
     std::map<std::string, std::size_t> mByPrint;
     std::size_t mCurrent = 0;
-    std::optional<std::size_t> mTaken; ///< the edge of the current state that is being tried
-    std::vector<Step> mPlan;           ///< the next step last
-    std::vector<UserAction> mRetraced; ///< inputs to be made as they were before, the next one last
-    std::vector<UserAction> mInputs;   ///< of this start, behind the prefix
+    std::optional<std::size_t> mTaken;  ///< the edge of the current state that is being tried
+    std::vector<Step> mPlan;            ///< the next step last
+    std::vector<UserAction> mRetraced;  ///< inputs to be made as they were before, the next one last
+    std::optional<std::size_t> mSought; ///< the state that they led to
+    std::vector<UserAction> mInputs;    ///< of this start, behind the prefix
     std::size_t mPrefixDone = 0;
+    bool mGone = false;       ///< the person, in this start
     std::size_t mLongest = 0; ///< this start, in inputs
     std::size_t mTried = 0;   ///< inputs, each in its state
     std::vector<std::string> mWay;

@@ -1,9 +1,12 @@
 #include "window_services/keyboard_cues.h"
 
+#include "platform/input_hooks.h"
+#include "runtime/errors.h"
 #include "shell/program_state.h"
 #include "tests/native/support/probe_form.h"
 #include "tests/native/support/program_test.h"
 #include "tests/native/support/recording_desktop.h"
+#include "window_services/ICue.h"
 
 namespace kestrelmoor::tests {
 
@@ -20,6 +23,13 @@ class KeyboardCues : public ProgramTest {
 
     RecordingDesktop desktop;
     std::shared_ptr<ProbeForm> form = MakeProbe();
+};
+
+/// Cues that can't be shown.
+class FailingForm : public ProbeForm, public ICue {
+  public:
+    void ICue_Cue() override { RaiseError(error_number::kInvalidArgument); }
+    void ICue_UnCue() override {}
 };
 
 } // namespace
@@ -81,6 +91,15 @@ TEST_F(KeyboardCues, ACaptionWithoutAMarkIsTheTagUnchanged) {
     form->lblText.SetTag(u"&");
     HideCaptionCue(form->lblText);
     EXPECT_EQ(form->lblText.Caption(), u"");
+}
+
+TEST_F(KeyboardCues, AKeyWhoseCuesFailGoesOnItsWay) {
+    const auto failing = Application::Current().Make<FailingForm>();
+    failing->Show();
+    EXPECT_EQ(Application::Current().ActiveForm(), failing.get());
+    world.calls.Clear();
+    KeyboardCueHook(platform::kHookAction, u'A', 1);
+    EXPECT_EQ(CallsOf({"CallNextHookEx"}), Lines{"CallNextHookEx(\"0\", \"0\", \"65\")"});
 }
 
 TEST_F(KeyboardCues, ABuildOfWindows2000IsAskedAndTheLastNT4IsNot) {

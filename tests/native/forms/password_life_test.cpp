@@ -52,6 +52,16 @@ TEST_F(PasswordLife, AWindowThatIsClosedAsItComesUpListensToNoMessages) {
     EXPECT_EQ(gRedirectTarget, nullptr);
 }
 
+TEST_F(PasswordLife, AWindowThatIsSwitchedToTheListAsItComesUpBeginsWithAnEditThere) {
+    ConfigureAll();
+    form = Application::Current().Make<frmPass>();
+    Same().GotFocus = [this] { Same().SetValue(0); };
+    form->Show();
+    EXPECT_EQ(Same().Value(), 0);
+    EXPECT_EQ(List().ListIndex(), 0);
+    EXPECT_EQ(form->ActiveControl(), &At(u"txtOldPass"));
+}
+
 TEST_F(PasswordLife, OpensWithTheFocusOnTheOldPasswordAndOkDisabled) {
     ConfigureAll();
     Open();

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -128,6 +129,24 @@ TEST_F(PracticeConsole, BadInputIsToldWithItsLineAndStopsAScript) {
     EXPECT_EQ(form->clicks, 0);
 }
 
+TEST_F(PracticeConsole, WhatCannotBeDoneJustNowIsToldInWords) {
+    form->Get<ListBox>(u"lstRows").SetEnabled(false);
+    EXPECT_EQ(Run({"choose lstRows 0"}), "line 1: the list can't be clicked: it is hidden or disabled\n");
+    form->Get<CommandButton>(u"cmdOK").SetDefault(false);
+    EXPECT_EQ(Run({"press Alt+y"}), "line 1: nothing in the open window takes Alt+y\n");
+    form->Get<TextBox>(u"txtWord").KeyDown = [this](int&, int) { form->Unload(); };
+    EXPECT_EQ(Run({"type ab"}), "line 1: the window closed, or could not take input, before all was typed\n");
+}
+
+TEST_F(PracticeConsole, HelpListsEveryCommandWithItsUse) {
+    const std::string help = Run({"help"});
+    EXPECT_FALSE(failed);
+    EXPECT_TRUE(help.starts_with("show                prints what can be seen of the open window\n"
+                                 "type TEXT           types the rest of the line, "));
+    EXPECT_TRUE(help.ends_with("help                prints this list\n"));
+    EXPECT_EQ(std::ranges::count(help, '\n'), 14);
+}
+
 TEST_F(PracticeConsole, AtATerminalBadInputIsNotTheEnd) {
     Run({"dance", "press Enter"}, false);
     EXPECT_EQ(form->clicks, 1);
@@ -141,6 +160,8 @@ TEST_F(PracticeConsole, PrintsEachBoxAndAnswersAsTold) {
     };
     EXPECT_EQ(Run({"box no", "click cmdOK"}), "--- Title\nSure?\n--- answered with No\n");
     EXPECT_EQ(answer, 7);
+    EXPECT_EQ(Run({"box ok", "click cmdOK"}), "--- Title\nSure?\n--- answered with OK\n");
+    EXPECT_EQ(answer, 1);
 }
 
 TEST_F(PracticeConsole, ClockIsMovedOnOrSet) {
@@ -232,6 +253,14 @@ TEST(PracticeArguments, OwnOnesStandAheadAndTheProgramsBehindTwoHyphens) {
 TEST(PracticeArguments, CommandsAheadOfTheStartStandInTheirOrder) {
     const auto read = practice::ReadArguments({"--first", "clock +6d", "--first", "box no"});
     EXPECT_EQ(read.first, (std::vector<std::string>{"clock +6d", "box no"}));
+}
+
+TEST(PracticeArguments, AScriptAFileToSaveAndTheWishForHelpAreRead) {
+    const auto read = practice::ReadArguments({"--script", "s.txt", "--save", "after.json"});
+    EXPECT_EQ(read.script_file, "s.txt");
+    EXPECT_EQ(read.save_file, "after.json");
+    EXPECT_FALSE(read.help);
+    EXPECT_TRUE(practice::ReadArguments({"--help"}).help);
 }
 
 TEST(PracticeArguments, UnknownOnesAndMissingNamesAreRefused) {

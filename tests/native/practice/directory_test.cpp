@@ -110,6 +110,13 @@ TEST_F(PracticeDirectory, AnswersThatWereToldComeAheadOfTheTruth) {
     EXPECT_EQ(platform::GetAttribute(Bind(u"NOWHERE"), u"UserFlags"), Variant(2));
 }
 
+TEST_F(PracticeDirectory, AChangeThatWasToldBeforehandSucceedsAndChangesNothing) {
+    world.network.directory.answers = {{u"ARCHIVE", "ChangePassword"}};
+    EXPECT_FALSE(tests::Raised(
+        [] { platform::ChangePassword(Bind(u"ARCHIVE"), u"Not-The-Old-One", u"New-Password-2"); }));
+    EXPECT_EQ(Account(u"\\\\ARCHIVE").password, u"Old-Password-1");
+}
+
 TEST_F(PracticeDirectory, RecordsEachCallAndHidesThePasswords) {
     {
         const auto user = Bind(u"ARCHIVE");

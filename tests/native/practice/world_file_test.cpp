@@ -193,6 +193,11 @@ TEST(PracticeWorldFile, UnknownMemberIsToldWithItsPathAndLine) {
               "my.json:8: /network/computers/0/nmae: no such member is known");
 }
 
+TEST(PracticeWorldFile, AMembersNameStandsOnOneLineAsTheFileWritesIt) {
+    EXPECT_EQ(ErrorOf(Changed(R"({ "name": "A" })", R"({ "name": "A", "n\n\"\u0001m": 1 })")),
+              R"(my.json:7: /network/computers/0/n\n\"\u0001m: no such member is known)");
+}
+
 TEST(PracticeWorldFile, MissingMemberIsToldAtTheObjectThatLacksIt) {
     EXPECT_EQ(ErrorOf(Changed(R"("name": "user", )", "")),
               "my.json:6: /network/user: the member \"name\" is missing");

@@ -193,6 +193,18 @@ TEST_F(RulesOfTheWindows, SeeASessionThatWouldGoOn) {
     ExpectComplaint("the session ends exactly where");
 }
 
+TEST_F(RulesOfTheWindows, SeeAWayBackThatIsMissing) {
+    Configure({u"\\\\ARCHIVE"}, false);
+    Open();
+    TypePasswords(kOldPassword, kNewPassword);
+    rules.Look();
+    world.Fail("NetUserChangePassword", 2245, 1);
+    ClickOk();
+    ExpectSilence();
+    At(u"cmdOK").SetEnabled(false);
+    ExpectComplaint("the way back is offered exactly where");
+}
+
 TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
     frmSettings& window = OpenSettings();
     window.Get<CheckBox>(u"chkRemind").SetValue(gAutoStart ? 0 : 1);

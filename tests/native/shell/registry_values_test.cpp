@@ -182,6 +182,7 @@ TEST_F(RegistryValues, AStringListIsWrittenWithTwoNulsAtItsEnd) {
     EXPECT_EQ(Written(Array<String>(0, {u"ab", u"c"})),
               Stored(kStringList, {'a', 0, 'b', 0, 0, 0, 'c', 0, 0, 0, 0, 0}));
     EXPECT_EQ(Written(Array<String>(1, {u"a"})), Stored(kStringList, {'a', 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Written(Array<String>(1, {u"", u"a"})), Stored(kStringList, {0, 0, 'a', 0, 0, 0, 0, 0}));
 }
 
 TEST_F(RegistryValues, AStringListThatIsNoValueIsWrittenLikeOne) {

@@ -161,16 +161,21 @@ int CompareRests(StringView a, StringView b) {
 } // namespace
 
 String RowOrderKey(StringView text) {
+    const std::size_t most = 4 * text.size(); // a character has two letters at most, a letter two units
     String places;
     String accents;
+    places.reserve(most);
+    accents.reserve(most);
     WeightReader reader(text);
     for (Weight weight; reader.Next(weight);) {
         Append(places, weight.place);
         Append(accents, static_cast<std::uint32_t>(weight.accent));
     }
     String key;
+    key.reserve(2 + 2 * places.size() + 3 * text.size());
     Append(key, static_cast<std::uint32_t>(places.size()));
-    key += places + accents;
+    key += places;
+    key += accents;
     for (const auto& [place, mark] : LateMarksOf(text)) {
         Append(key, static_cast<std::uint32_t>(-place));
         key.push_back(mark);

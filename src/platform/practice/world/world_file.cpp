@@ -58,6 +58,12 @@ void Check(Network& network) {
         throw JsonDefect{"/network/joined", "the local computer's group is none of the domains"};
 }
 
+/// As the file writes it, without line ends of its own.
+std::string Shown(const std::string& pointer) {
+    const std::string quoted = Json(pointer.empty() ? "/" : pointer).dump();
+    return quoted.substr(1, quoted.size() - 2);
+}
+
 void ReadParts(World& world, const JsonPlace& place) {
     JsonReader reader(place);
     int format = 0;
@@ -100,7 +106,7 @@ void ReadWorld(World& world, std::string_view text, const std::string& name) {
         throw WorldFileError(name + ":" + std::to_string(LineOfFailure(text)) + ": this number is too large");
     } catch (const JsonDefect& defect) {
         throw WorldFileError(name + ":" + std::to_string(LineOfPointer(text, defect.pointer)) + ": " +
-                             (defect.pointer.empty() ? "/" : defect.pointer) + ": " + defect.what);
+                             Shown(defect.pointer) + ": " + defect.what);
     }
 }
 
