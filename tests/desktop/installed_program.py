@@ -48,9 +48,9 @@ class Installation:
     def __init__(self, desktop):
         self.desktop = desktop
 
-    def set_up(self, folder, more=""):
+    def set_up(self, folder, more="", as_user=False):
         """Runs the set-up program without windows; returns its exit code."""
-        return self.desktop.start(setup_of(folder), "/S " + more).wait_exit(PATIENCE)
+        return self.desktop.start(setup_of(folder), "/S " + more, as_user=as_user).wait_exit(PATIENCE)
 
     def install_package(self, folder, *more):
         return self._package("/i", folder, *more)

@@ -1,17 +1,26 @@
 """Files that someone has put beside the program or into the current directory, named like what it loads."""
 
+import shutil
 import unittest
 
 from desktop import OUT
 from desktop_case import DesktopCase
 from held_network import HeldNetwork
+from installed_program import PATIENCE, Installation
 from password_window import OK, SETTINGS_BUTTON, STAND_INS, TITLE, PasswordWindow, targets
 from practice_network import program_folder
 from settings_window import ABOUT, LANGUAGES, SettingsWindow
 
 BY_NAME = ("comctl32", "netapi32", "netmsg", "ole32", "oleacc", "oleaut32", "shell32", "uxtheme")
-"""What the program loads while it runs. IMM32 and VERSION are left out: Wine's own USER32 needs both and brings them
-from the program's folder, ahead of the program's first line."""
+"""What the program loads while it runs."""
+AT_START = ("advapi32", "gdi32", "imm32", "kernel32", "kernelbase", "msvcrt", "ntdll", "rpcrt4", "sechost", "ucrtbase",
+            "user32", "version", "win32u")
+"""What it imports, and what that needs, under Wine as under Windows. Wine gives the folder in which it finds such a name
+as the path of its own library."""
+OF_SET_UP = ("apphelp", "clbcatq", "crypt32", "cryptbase", "cscapi", "dwmapi", "linkinfo", "mpr", "msi", "msls31",
+             "ntmarta", "ntshrui", "profapi", "propsys", "riched20", "secur32", "setupapi", "shfolder", "shlwapi",
+             "srvcli", "sspicli", "urlmon", "userenv", "usp10", "windowscodecs", "wintrust", "ws2_32")
+"""What set-up programs are known to be given in its place. SHCORE is left out: Wine's SHELL32 brings it from anywhere."""
 REFUSED = 2245
 WORDS, OTHER_WORDS = "The new password breaks", "These words are planted"
 OWN = {"moorlink.exe", "default.loc"}
@@ -90,6 +99,25 @@ class Libraries(PlantedCase):
             self.assertEqual((WORDS in told, OTHER_WORDS in told), (True, False), told)
             self.assertIn("netapi32.dll", self.desktop.modules(window.process))
             self.assert_only_own(window.process)
+
+
+class AtStart(PlantedCase):
+    def test_no_code_is_run_in_place_of_an_imported_librarys(self):
+        marks = [self.plant_mark(self.program.parent / (name + ".dll")) for name in AT_START]
+        with HeldNetwork() as network:
+            process = self.desktop.start(self.program, ["/f"], variables=network.variables)
+            self.desktop.wait_window(class_name="frmPass", pid=process.pid)
+            self.assertEqual([mark.name for mark in marks if mark.exists()], [])
+
+    def test_no_code_beside_the_set_up_program_is_run(self):
+        setup = self.elsewhere / "setup.exe"
+        shutil.copyfile(next((OUT / "installer").glob("*-setup.exe")), setup)
+        marks = [self.plant_mark(self.elsewhere / (name + ".dll")) for name in (*AT_START, *BY_NAME, *OF_SET_UP)]
+        installation = Installation(self.desktop)
+        self.assertEqual(self.desktop.start(setup, "/S").wait_exit(PATIENCE), 0)
+        self.addCleanup(installation.remove_as_recorded)
+        self.assertTrue(installation.recorded())
+        self.assertEqual([mark.name for mark in marks if mark.exists()], [])
 
 
 class Languages(PlantedCase):

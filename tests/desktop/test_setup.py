@@ -17,7 +17,7 @@ UNINSTALLER = "Kestrelmoor-uninstall.exe"
 OLDER, NEWER = "1.02.0083", "1.02.0085"
 PROGRAM = FOLDER + "\\Moorlink.exe"
 REAL = OUT / "installer"
-BROKEN_OFF, IN_USE = 2, 32
+BROKEN_OFF, NO_ADMINISTRATOR, IN_USE = 2, 5, 32
 FINNISH, NORWEGIAN = "1035.loc", "1044.loc"
 LARGEST = 1200000
 
@@ -67,6 +67,23 @@ class SetupProgram(SetupCase):
         self.assertEqual(installed, built)
         self.installation.remove_as_recorded()
         self.assert_nothing_left()
+
+    def test_without_an_administrators_rights_it_says_so_and_changes_nothing(self):
+        self.assertEqual(self.installation.set_up(newer, as_user=True), NO_ADMINISTRATOR)
+        self.assert_nothing_left()
+        process = self.desktop.start(setup_of(newer), as_user=True)
+        box = self.desktop.box(pid=process.pid)
+        self.assertIn("Only an administrator can install", box.text)
+        box.answer("OK")
+        self.assertEqual(process.wait_exit(), NO_ADMINISTRATOR)
+        self.assert_nothing_left()
+
+    def test_only_an_administrator_can_remove_it(self):
+        self.assertEqual(self.installation.set_up(newer), 0)
+        uninstaller = FOLDER + "\\" + UNINSTALLER
+        removal = self.desktop.start(uninstaller, "/S _?=" + FOLDER, as_user=True)
+        self.assertEqual(removal.wait_exit(), NO_ADMINISTRATOR)
+        self.assert_version(NEWER)
 
     def test_the_record_tells_the_list_of_installed_programs_what_it_asks_for(self):
         self.assertEqual(self.installation.set_up(newer), 0)

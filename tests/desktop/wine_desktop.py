@@ -214,15 +214,17 @@ class WineDesktop:
         """Where the host finds a file that a program wrote to its drive C:, for example "users/x.log"."""
         return self._changes / "drive_c" / path
 
-    def start(self, program, args=(), cwd="", variables=None):
+    def start(self, program, args=(), cwd="", variables=None, as_user=False):
         """Starts a program. `program` and `cwd` are host paths, or Windows paths with a drive; `args` is a
-        list, or the rest of the command line as it is."""
+        list, or the rest of the command line as it is; `as_user`: without the rights of an administrator, as
+        others are run."""
         tail = args if isinstance(args, str) else subprocess.list2cmdline(args)
         line = ('"%s" %s' % (self._given_path(program), tail)).rstrip()
         folder = self._given_path(cwd) if cwd else ""
         extra = ["%s=%s" % pair for pair in (variables or {}).items()]
         output = self._outputs / ("%d.txt" % len(list(self._outputs.iterdir())))
-        pid = self.driver.number("start", line, folder, self.windows_path(output), *extra)
+        command = "start_as_user" if as_user else "start"
+        pid = self.driver.number(command, line, folder, self.windows_path(output), *extra)
         program = Process(self, pid, output, {**self.variables, **(variables or {})})
         self._programs.append(program)
         return program

@@ -38,6 +38,7 @@ Answer BringToFront(const Arguments&); ///< (window)
 // processes.cpp
 Answer StartProgram(const Arguments&); ///< (command line, folder, file for its output,
                                        ///  NAME=value...) pid
+Answer StartAsUser(const Arguments&);  ///< the same, without the rights of an administrator
 Answer WaitForExit(const Arguments&);  ///< (pid, milliseconds) exit code, or no record while it runs
 Answer EndProcess(const Arguments&);   ///< (pid)
 Answer ListModules(const Arguments&);  ///< (pid) name, path

@@ -30,6 +30,7 @@ const std::map<std::string, Command> kCommands = {
     {"type", TypeText},
     {"front", BringToFront},
     {"start", StartProgram},
+    {"start_as_user", StartAsUser},
     {"wait", WaitForExit},
     {"end", EndProcess},
     {"modules", ListModules},

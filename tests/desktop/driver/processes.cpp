@@ -63,6 +63,31 @@ class InheritedFile {
     HANDLE mFile;
 };
 
+class OwnedHandle {
+  public:
+    OwnedHandle() = default;
+    ~OwnedHandle() { CloseHandle(handle); }
+    OwnedHandle(const OwnedHandle&) = delete;
+    OwnedHandle& operator=(const OwnedHandle&) = delete;
+
+    HANDLE handle = nullptr;
+};
+
+/// The driver's own rights without those of the administrators' group.
+void TakeUsersToken(OwnedHandle& token) {
+    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
+    SID_AND_ATTRIBUTES administrators{};
+    OwnedHandle own;
+    AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0,
+                             0, 0, &administrators.Sid);
+    const bool taken = OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, &own.handle) &&
+                       CreateRestrictedToken(own.handle, DISABLE_MAX_PRIVILEGE, 1, &administrators, 0,
+                                             nullptr, 0, nullptr, &token.handle);
+    FreeSid(administrators.Sid);
+    if (!taken)
+        FailWithLastError("a token without administrators");
+}
+
 /// NAME=value, from the fourth argument on.
 void ChangeVariables(const Arguments& arguments, std::list<ChangedVariable>& variables) {
     for (std::size_t i = 3; i < arguments.Count(); ++i) {
@@ -107,9 +132,8 @@ long long CountWindows(DWORD process) {
     return count.windows;
 }
 
-} // namespace
-
-Answer StartProgram(const Arguments& arguments) {
+/// With the driver's own rights, or those of a token.
+Answer Start(const Arguments& arguments, HANDLE token) {
     std::wstring command_line = arguments.Text(0);
     const std::wstring folder = arguments.Text(1);
     std::list<ChangedVariable> variables;
@@ -122,12 +146,28 @@ Answer StartProgram(const Arguments& arguments) {
     startup.hStdInput = input.Handle();
     startup.hStdOutput = startup.hStdError = output.Handle();
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        folder.empty() ? nullptr : folder.c_str(), &startup, &process))
+    wchar_t* const line = command_line.data();
+    const wchar_t* const directory = folder.empty() ? nullptr : folder.c_str();
+    if (!(token != nullptr ? CreateProcessAsUserW(token, nullptr, line, nullptr, nullptr, TRUE, 0, nullptr,
+                                                  directory, &startup, &process)
+                           : CreateProcessW(nullptr, line, nullptr, nullptr, TRUE, 0, nullptr, directory,
+                                            &startup, &process)))
         FailWithLastError("CreateProcess of " + arguments.Utf8(0));
     CloseHandle(process.hThread);
     gStarted[process.dwProcessId] = process.hProcess;
     return {Record().Add(process.dwProcessId)};
+}
+
+} // namespace
+
+Answer StartProgram(const Arguments& arguments) {
+    return Start(arguments, nullptr);
+}
+
+Answer StartAsUser(const Arguments& arguments) {
+    OwnedHandle token;
+    TakeUsersToken(token);
+    return Start(arguments, token.handle);
 }
 
 Answer WaitForExit(const Arguments& arguments) {
