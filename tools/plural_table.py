@@ -23,7 +23,10 @@ def parse(header):
         raise ValueError("Plural-Forms is not of the form 'nplurals=2; plural=(n != 1);'")
     if len(match[1]) > 3 or int(match[1]) > MOST_FORMS:
         raise ValueError(f"nplurals is {match[1]}, but a language has {MOST_FORMS} forms at most")
-    return int(match[1]), gettext.c2py(match[2])
+    try:
+        return int(match[1]), gettext.c2py(match[2])
+    except SyntaxError:  # C takes a ! behind a comparison without brackets
+        raise ValueError("the plural rule can't be read: write each ! with brackets around it, as in (!n)") from None
 
 
 def index_of(count):

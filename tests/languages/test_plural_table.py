@@ -55,6 +55,12 @@ class Tables(unittest.TestCase):
             with self.assertRaises(ValueError, msg=header):
                 made(header)
 
+    def test_a_not_without_brackets_behind_a_comparison_is_refused_with_the_way_to_write_it(self):
+        with self.assertRaisesRegex(ValueError, r"the plural rule can't be read: write each ! with brackets"):
+            made("nplurals=2; plural=(n != !n);")
+        form = made("nplurals=2; plural=(n != (!n));")
+        self.assertEqual([form(n) for n in (0, 1, 2)], [1, 1, 1])
+
 
 if __name__ == "__main__":
     unittest.main()
