@@ -12,7 +12,8 @@ NATIVE_TESTS = ROOT / "out" / "sanitized" / "tests" / "native" / "native_tests"
 RECORD = ROOT / "tests" / "fuzz" / "record.json"
 RUNS = 10_000_000
 """Of each parser."""
-NO_PARSERS = {"sessions"}
+HOURS = 8
+SESSIONS = {"sessions"}
 
 
 def fault_matrix(output, code):
@@ -26,19 +27,23 @@ def fault_matrix(output, code):
 
 
 def fuzzers(record):
-    """`record`: {name: {"runs", "seconds", "findings"}}, or None where there is none."""
+    """`record`: {name: {"runs", "seconds", "findings"}}, those without sanitizers apart; None where there is none."""
     if record is None:
         return [Measure("fuzzers", "no record")]
     return [fuzzer(name, entry) for name, entry in sorted(record.items())]
 
 
 def fuzzer(name, entry):
-    findings = entry["findings"]
-    number = findings if isinstance(findings, int) else len(findings)
-    figure = "{:,} runs in {:.1f} hours, findings: {}".format(entry["runs"], entry["seconds"] / 3600, number)
-    if name in NO_PARSERS:
-        return Measure("fuzzer " + name, figure)
-    return Measure("fuzzer " + name, figure, goal="at least {:,} runs".format(RUNS), met=entry["runs"] >= RUNS)
+    """Seconds are those of a processor; what counts is all that was run, with sanitizers and without."""
+    plain = entry.get("without_sanitizers", {"runs": 0, "seconds": 0, "findings": 0})
+    runs, seconds, findings = (entry[key] + plain[key] for key in ("runs", "seconds", "findings"))
+    figure = "{:,} runs in {:.1f} hours, ".format(runs, seconds / 3600)
+    if plain["runs"]:
+        figure += "{:,} of them with sanitizers, ".format(entry["runs"])
+    figure += "findings: %d" % findings
+    if name in SESSIONS:
+        return Measure("fuzzer " + name, figure, goal="at least %d hours" % HOURS, met=seconds >= HOURS * 3600)
+    return Measure("fuzzer " + name, figure, goal="at least {:,} runs".format(RUNS), met=runs >= RUNS)
 
 
 def measures():

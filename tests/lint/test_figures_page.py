@@ -49,17 +49,21 @@ class Sources(unittest.TestCase):
         with self.assertRaises(RuntimeError):
             tried.fault_matrix("nothing was run\n", 0)
 
-    def test_fuzzers_are_told_with_runs_and_hours(self):
+    def test_fuzzers_are_told_with_runs_and_hours_with_and_without_sanitizers(self):
         record = {
-            "registry": {"runs": 9999999, "seconds": 1800, "findings": []},
-            "command_line": {"runs": 10000000, "seconds": 720, "findings": ["a crash"]},
-            "sessions": {"runs": 5, "seconds": 36000, "findings": 0},
+            "registry": {"runs": 9999999, "seconds": 1800, "findings": 0},
+            "command_line": {"runs": 9000000, "seconds": 720, "findings": 1,
+                             "without_sanitizers": {"runs": 1000000, "seconds": 360, "findings": 2}},
+            "sessions": {"runs": 5, "seconds": 28800, "findings": 0},
         }
         self.assertEqual([
-            ["fuzzer command_line", "10,000,000 runs in 0.2 hours, findings: 1", "at least 10,000,000 runs", "met"],
+            ["fuzzer command_line", "10,000,000 runs in 0.3 hours, 9,000,000 of them with sanitizers, findings: 3",
+             "at least 10,000,000 runs", "met"],
             ["fuzzer registry", "9,999,999 runs in 0.5 hours, findings: 0", "at least 10,000,000 runs", "MISSED"],
-            ["fuzzer sessions", "5 runs in 10.0 hours, findings: 0", "", ""],
+            ["fuzzer sessions", "5 runs in 8.0 hours, findings: 0", "at least 8 hours", "met"],
         ], [[*row.cells()[:2], *row.cells()[4:]] for row in tried.fuzzers(record)])
+        record["sessions"]["seconds"] -= 1
+        self.assertIs(False, tried.fuzzers(record)[-1].met)
         self.assertEqual(["no record"], [measure.figure for measure in tried.fuzzers(None)])
 
     def test_benchmarks_are_judged_by_their_names(self):

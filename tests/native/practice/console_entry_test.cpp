@@ -79,6 +79,17 @@ TEST_F(PracticeConsoleEntry, HidesThePartsOfAHiddenUserControl) {
     EXPECT_EQ(shown.find("txtEntry"), std::string::npos);
 }
 
+TEST_F(PracticeConsoleEntry, TurnsNoMarkOfAListThatIsDisabled) {
+    form->lstNames.SetEnabled(false);
+    EXPECT_EQ(Run({"check lstNames 0"}), "line 1: the list can't be clicked: it is hidden or disabled\n");
+    EXPECT_FALSE(form->lstNames.Selected(0));
+}
+
+TEST_F(PracticeConsoleEntry, SaysWhenNoWindowIsOpen) {
+    Application::Current().SetActiveForm(nullptr);
+    EXPECT_EQ(Run({"show"}), "line 1: no window is open\n");
+}
+
 } // namespace
 
 } // namespace kestrelmoor::tests
