@@ -282,8 +282,7 @@ std::vector<std::size_t> ToldTable::FollowersOf(const Cell& cell) const {
     std::vector<std::size_t> followers;
     for (const std::string& name : cell.scenario->pairs) {
         const json& operation = mTable.at("operations").at(name);
-        if (!Names(operation.contains("first") ? operation.at("first") : operation.at("calls"),
-                   cell.Call().name))
+        if (!Names(operation.at("calls"), cell.Call().name))
             continue;
         for (std::size_t i = cell.place + 1; i < cell.calls->size(); ++i) {
             const practice::Call& call = (*cell.calls)[i];

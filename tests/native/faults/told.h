@@ -49,7 +49,8 @@ struct Told {
 /// "both" for what is told for either, "first" (a rule that stands ahead of a wider one), "first without
 /// words" and "first without a box" where the second one costs the first its text or its box, "both on
 /// another road" where the first has led the run to calls that the log doesn't have without it, or an outcome
-/// of its own. An operation can name the calls that are tried `first`, where not all of them are.
+/// of its own. Where a first fault has the dialog to browse take another road, no more is told of two than
+/// what may come of it.
 class ToldTable {
   public:
     static const ToldTable& Current();
