@@ -198,6 +198,12 @@ TEST(PracticeWorldFile, AMembersNameStandsOnOneLineAsTheFileWritesIt) {
               R"(my.json:7: /network/computers/0/n\n\"\u0001m: no such member is known)");
 }
 
+TEST(PracticeWorldFile, AWordThatCannotStandThereIsToldOnOneLineAsTheFileWritesIt) {
+    EXPECT_EQ(ErrorOf(Changed(R"("clock")",
+                              R"("shell": { "network": { "name": "N", "kind": "do\n\"main" } }, "clock")")),
+              R"(my.json:3: /shell/network/kind: "do\n\"main" is none of the words that can stand here)");
+}
+
 TEST(PracticeWorldFile, MissingMemberIsToldAtTheObjectThatLacksIt) {
     EXPECT_EQ(ErrorOf(Changed(R"("name": "user", )", "")),
               "my.json:6: /network/user: the member \"name\" is missing");

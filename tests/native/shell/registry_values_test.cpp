@@ -185,6 +185,10 @@ TEST_F(RegistryValues, AStringListIsWrittenWithTwoNulsAtItsEnd) {
     EXPECT_EQ(Written(Array<String>(1, {u"", u"a"})), Stored(kStringList, {0, 0, 'a', 0, 0, 0, 0, 0}));
 }
 
+TEST_F(RegistryValues, AnEmptyStringListIsWrittenAsItsTwoNuls) {
+    EXPECT_EQ(Written(Array<String>()), Stored(kStringList, {0, 0, 0, 0}));
+}
+
 TEST_F(RegistryValues, AStringListThatIsNoValueIsWrittenLikeOne) {
     const Array<String> list(1, {u"a", u"b"});
     const OwnedRegistryKey key = OpenRegistryKey(0x80000001, u"Software\\Test", 0x20006);

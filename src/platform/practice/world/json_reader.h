@@ -153,7 +153,7 @@ class JsonReader {
                 value = meaning;
                 return;
             }
-        mPlace.Member(name).Refuse("\"" + ToUtf8(chosen) + "\" is none of the words that can stand here");
+        mPlace.Member(name).Refuse(Json(ToUtf8(chosen)).dump() + " is none of the words that can stand here");
     }
 
     template <class Value>
