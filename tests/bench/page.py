@@ -2,8 +2,8 @@
 
 from figures import COLUMNS
 
-QUIET = 2.0
-"""The load of a computer on which nothing else runs: 1.8, from a measured program and Wine's server behind it."""
+QUIET = 1.5
+"""The load of a computer on which nothing else runs: the measured program takes up to one processor by itself."""
 
 HEAD = """\
 # Figures
