@@ -63,10 +63,8 @@ practice::RegistryTree EmptyKeys() {
     return keys;
 }
 
-/// What the bytes put into the registry.
-std::vector<Stored> StoredBy(Input input) {
-    static const practice::RegistryTree empty_keys = EmptyKeys();
-    practice::TheWorld().registry = empty_keys;
+/// Of each place the value that comes last.
+std::vector<Stored> ValuesIn(Input input) {
     std::vector<Stored> values;
     while (!input.AtEnd()) {
         Stored value;
@@ -74,11 +72,17 @@ std::vector<Stored> StoredBy(Input input) {
         value.type = input.Byte();
         const InputBytes data = input.Take(input.Number16());
         value.data.assign(data.begin(), data.end());
-        KeyOf(*value.place).Set(value.place->name, value.type, value.data);
         std::erase_if(values, [&](const Stored& other) { return other.place == value.place; });
         values.push_back(std::move(value));
     }
     return values;
+}
+
+void Store(const std::vector<Stored>& values) {
+    static const practice::RegistryTree empty_keys = EmptyKeys();
+    practice::TheWorld().registry = empty_keys;
+    for (const Stored& value : values)
+        KeyOf(*value.place).Set(value.place->name, value.type, value.data);
 }
 
 bool IsText(std::uint32_t nType) {
@@ -252,7 +256,8 @@ void CheckLanguage(bool too_short) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace kestrelmoor::fuzz;
     Run run;
-    const std::vector<Stored> values = StoredBy(Input({data, size}));
+    const std::vector<Stored> values = ValuesIn(Input({data, size}));
+    Store(values);
     CheckEach(values);
     CheckNames();
     for (const Stored& stored : values)
