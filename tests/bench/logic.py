@@ -22,6 +22,8 @@ GROWING = [
     ("saving the settings", "SaveTheSettingsWithServers"),
 ]
 
+BESIDE_ITS_CALLS = ("RunOverServers", "BareCallsToServers")
+
 
 def plain(name):
     """Without what says how it was measured."""
@@ -35,13 +37,20 @@ def output(*options):
         stderr=subprocess.DEVNULL, text=True, check=True).stdout
 
 
+def families():
+    """The names of the benchmarks, those together that stand beside each other."""
+    names = dict.fromkeys(name.partition("/")[0] for name in output("--benchmark_list_tests=true").splitlines())
+    return [BESIDE_ITS_CALLS, *((name,) for name in names if name not in BESIDE_ITS_CALLS)]
+
+
 def runs(repetitions):
     """The records of all benchmarks. Each family has a process of its own, so that none works in the memory that
-    another has left in pieces."""
-    families = dict.fromkeys(name.partition("/")[0] for name in output("--benchmark_list_tests=true").splitlines())
-    for family in families:
+    another has left in pieces; in it the repetitions of all sizes take turns, so that what else this computer does
+    comes upon all of them."""
+    for names in families():
         report = output(
-            "--benchmark_filter=^%s(/|$)" % family, "--benchmark_format=json",
+            "--benchmark_filter=^(%s)(/|$)" % "|".join(names), "--benchmark_format=json",
+            "--benchmark_enable_random_interleaving=true",
             "--benchmark_min_time=0.1", "--benchmark_repetitions=%d" % repetitions)
         yield from json.loads(report)["benchmarks"]
 
@@ -75,7 +84,7 @@ def growth(times, words, name):
 
 
 def run_beside_its_calls(times, counters):
-    run, bare = "RunOverServers/1000", "BareCallsToServers/1000"
+    run, bare = (name + "/1000" for name in BESIDE_ITS_CALLS)
     targets = counters[run]["targets"]
     # What the click makes ahead of the targets and behind them is no target's.
     if abs(counters[run]["calls"] - counters[bare]["calls"]) >= targets:

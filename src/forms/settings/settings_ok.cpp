@@ -36,7 +36,7 @@ void frmSettings::StoreServers() const {
         gActiveBits.Erase();
         return;
     }
-    gServers = Array<String>(1, StringList(static_cast<std::size_t>(count)));
+    gServers.Redim(1, count);
     gActiveBits =
         Array<std::uint8_t>(1, std::vector<std::uint8_t>((static_cast<std::size_t>(count) + 7) / 8));
     for (int row = 0; row < count; ++row) {
