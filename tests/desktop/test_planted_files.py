@@ -10,6 +10,7 @@ from installed_program import PATIENCE, Installation
 from password_window import OK, SETTINGS_BUTTON, STAND_INS, TITLE, PasswordWindow, targets
 from practice_network import program_folder
 from settings_window import ABOUT, LANGUAGES, SettingsWindow
+from waiting import wait_until
 
 BY_NAME = ("comctl32", "netapi32", "netmsg", "ole32", "oleacc", "oleaut32", "shell32", "uxtheme")
 """What the program loads while it runs."""
@@ -17,6 +18,10 @@ AT_START = ("advapi32", "gdi32", "imm32", "kernel32", "kernelbase", "msvcrt", "n
             "user32", "version", "win32u")
 """What it imports, and what that needs, under Wine as under Windows. Wine gives the folder in which it finds such a name
 as the path of its own library."""
+SEEN_WHEN_TAKEN = ("imm32", "rpcrt4", "sechost", "user32", "version", "win32u")
+"""Of these Wine takes a planted one if it is told to, and runs its code. With another in the place of the rest, the
+program ends before any library's code is run."""
+OVERRIDES = "HKCU\\Software\\Wine\\AppDefaults\\%s\\DllOverrides"
 OF_SET_UP = ("apphelp", "clbcatq", "crypt32", "cryptbase", "cscapi", "dwmapi", "linkinfo", "mpr", "msi", "msls31",
              "ntmarta", "ntshrui", "profapi", "propsys", "riched20", "secur32", "setupapi", "shfolder", "shlwapi",
              "srvcli", "sspicli", "urlmon", "userenv", "usp10", "windowscodecs", "wintrust", "ws2_32")
@@ -102,6 +107,33 @@ class Libraries(PlantedCase):
 
 
 class AtStart(PlantedCase):
+    def assert_seen_when_taken(self, program, arguments, name):
+        """That no mark is left says something only where a library that is taken leaves one."""
+        overrides = OVERRIDES % program.name
+        planted = program.with_name(name + ".dll")
+        self.desktop.write_registry(overrides, name, "native")
+        mark = self.plant_mark(planted)
+        process = self.desktop.start(program, arguments)
+        try:
+            wait_until(mark.exists, "the mark of the planted %s" % name)
+        finally:
+            process.end()
+            self.desktop.delete_registry(overrides)
+            planted.unlink()
+
+    def test_the_code_of_a_library_that_the_loader_takes_is_seen(self):
+        for name in SEEN_WHEN_TAKEN:
+            with self.subTest(name):
+                self.assert_seen_when_taken(self.program, ["/f"], name)
+
+    def test_the_code_of_a_library_that_the_loader_takes_for_the_set_up_program_is_seen(self):
+        self.assert_seen_when_taken(self.copy_of_set_up(), "/S", "version")
+
+    def copy_of_set_up(self):
+        setup = self.elsewhere / "setup.exe"
+        shutil.copyfile(next((OUT / "installer").glob("*-setup.exe")), setup)
+        return setup
+
     def test_no_code_is_run_in_place_of_an_imported_librarys(self):
         marks = [self.plant_mark(self.program.parent / (name + ".dll")) for name in AT_START]
         with HeldNetwork() as network:
@@ -110,8 +142,7 @@ class AtStart(PlantedCase):
             self.assertEqual([mark.name for mark in marks if mark.exists()], [])
 
     def test_no_code_beside_the_set_up_program_is_run(self):
-        setup = self.elsewhere / "setup.exe"
-        shutil.copyfile(next((OUT / "installer").glob("*-setup.exe")), setup)
+        setup = self.copy_of_set_up()
         marks = [self.plant_mark(self.elsewhere / (name + ".dll")) for name in (*AT_START, *BY_NAME, *OF_SET_UP)]
         installation = Installation(self.desktop)
         self.assertEqual(self.desktop.start(setup, "/S").wait_exit(PATIENCE), 0)

@@ -57,7 +57,7 @@ class AtResolution(SettingsCase):
         cls.options = {**SettingsCase.options, "dpi": cls.dpi}
         super().setUpClass()
 
-    def runTest(self):
+    def test_an_entry_that_is_open(self):
         self.settings.open_entry()
         self.desktop.type("NEW")
         self.desktop.wait_text(self.settings.entry_part(ENTRY_BOX), "NEW")
@@ -68,7 +68,7 @@ class AtResolution(SettingsCase):
 
 class Resolutions(unittest.TestCase):
     def look_at(self, dpi):
-        run_at(self, type("AtResolution%d" % dpi, (AtResolution,), {"dpi": dpi})())
+        run_at(self, type("AtResolution%d" % dpi, (AtResolution,), {"dpi": dpi})("test_an_entry_that_is_open"))
 
     def test_120_dots_per_inch(self):
         self.look_at(120)
