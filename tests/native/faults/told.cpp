@@ -33,6 +33,11 @@ bool Names(const json& names, const std::string& name) {
     return std::ranges::any_of(names, [&](const json& one) { return Matches(one.get<std::string>(), name); });
 }
 
+/// One number or a list of them.
+bool Counts(const json& numbers, int number) {
+    return numbers.is_array() ? std::ranges::find(numbers, json(number)) != numbers.end() : numbers == number;
+}
+
 /// The lines of `a` that `b` doesn't have, as often as it doesn't.
 Lines Without(Lines a, const Lines& b) {
     for (const std::string& line : b)
@@ -115,10 +120,41 @@ Told WithoutABox(Told told) {
     return told;
 }
 
+/// The places of the calls with one of these names.
+std::vector<std::size_t> PlacesOf(const json& names, const std::vector<practice::Call>& calls) {
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < calls.size(); ++place)
+        if (Names(names, calls[place].name))
+            places.push_back(place);
+    return places;
+}
+
+/// The second cell's call as it is in the run without the first fault, among the calls with these names; none
+/// where only the road that the fault opens has it. Up to where the roads part the calls are the same from
+/// the front, and from where they meet again, from the end.
+std::optional<Cell> WithoutTheFirst(const Cell& first, const Cell& second, const json& names) {
+    const std::vector<std::size_t> usual = PlacesOf(names, *first.calls);
+    const std::vector<std::size_t> failed = PlacesOf(names, *second.calls);
+    const auto same_name = [&](std::size_t one, std::size_t other) {
+        return (*second.calls)[one].name == (*first.calls)[other].name;
+    };
+    const auto parted =
+        std::mismatch(failed.begin(), failed.end(), usual.begin(), usual.end(), same_name).first;
+    const auto met =
+        std::mismatch(failed.rbegin(), failed.rend(), usual.rbegin(), usual.rend(), same_name).first.base();
+    const auto here = std::ranges::find(failed, second.place);
+    if (here < parted)
+        return Cell{first.scenario, first.calls, usual[static_cast<std::size_t>(here - failed.begin())],
+                    second.code};
+    if (here >= met)
+        return Cell{first.scenario, first.calls, *(usual.end() - (failed.end() - here)), second.code};
+    return std::nullopt;
+}
+
 bool FitsPair(const json& rule, const Cell& first, const Cell& second) {
     return Names(rule.at("first"), first.Call().name) && Names(rule.at("second"), second.Call().name) &&
            practice::TextOf(second.Call()).find(rule.value("where", "")) != std::string::npos &&
-           (!rule.contains("nth") || rule.at("nth") == first.Fault().nth) &&
+           (!rule.contains("nth") || Counts(rule.at("nth"), first.Fault().nth)) &&
            (!rule.contains("scenario") || Names(rule.at("scenario"), first.scenario->name));
 }
 
@@ -314,6 +350,8 @@ ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second)
         return {rule, Read(told, first)};
     if (told == "first")
         return {rule, of_first};
+    if (told == "graver")
+        return {rule, Graver(first, second, found->at("second"))};
     if (told == "first without words")
         return {rule, of_first ? std::optional(WithoutWords(*of_first)) : std::nullopt};
     if (told == "first without a box")
@@ -324,6 +362,29 @@ ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second)
     if (told == "both on another road")
         return {rule, Both(*of_first, OnAnotherRoad(*of_second))};
     return {rule, Both(*of_first, *of_second)};
+}
+
+std::optional<Told> ToldTable::Graver(const Cell& first, const Cell& second, const json& names) const {
+    const auto rule = RuleFor(first);
+    if (!rule)
+        return std::nullopt;
+    const auto usual = WithoutTheFirst(first, second, names);
+    if (!usual) {
+        const bool ends = Names(mTable.at("ends_the_run"), second.Call().name);
+        return ends ? Both(ToldBy(*rule, first), Read("the end", second)) : ToldBy(*rule, first);
+    }
+    const auto second_rule = RuleFor(*usual);
+    if (!second_rule)
+        return std::nullopt;
+    const json& of_first = mTable.at("rules").at(*rule).at("told");
+    const json& of_second = mTable.at("rules").at(*second_rule).at("told");
+    for (const json& outcomes : mTable.at("gravest_first")) {
+        const auto one = std::ranges::find(outcomes, of_first);
+        const auto other = std::ranges::find(outcomes, of_second);
+        if (one != outcomes.end() && other != outcomes.end())
+            return one < other ? Read(of_first, first) : Read(of_second, *usual);
+    }
+    return Both(Read(of_first, first), Read(of_second, *usual));
 }
 
 } // namespace kestrelmoor::tests

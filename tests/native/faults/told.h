@@ -49,8 +49,9 @@ struct Told {
 /// "both" for what is told for either, "first" (a rule that stands ahead of a wider one), "first without
 /// words" and "first without a box" where the second one costs the first its text or its box, "both on
 /// another road" where the first has led the run to calls that the log doesn't have without it, or an outcome
-/// of its own. Where a first fault has the dialog to browse take another road, no more is told of two than
-/// what may come of it.
+/// of its own. "graver": of two outcomes in one of the lists `gravest_first` only the one that stands ahead
+/// shows, of others both. There the second call counts as it does in the run without the first fault; where
+/// only the road that this fault opens has it, it costs nothing more, unless it is one that `ends_the_run`.
 class ToldTable {
   public:
     static const ToldTable& Current();
@@ -78,6 +79,7 @@ class ToldTable {
 
   private:
     ToldTable();
+    std::optional<Told> Graver(const Cell& first, const Cell& second, const nlohmann::json& names) const;
     bool Answers(const practice::Call& call) const;
     bool FitsCall(const nlohmann::json& rule, const practice::Call& call) const;
     bool Fits(const nlohmann::json& rule, const Cell& cell) const;
