@@ -197,6 +197,13 @@ std::int32_t RoundToInteger32(double value) {
     return static_cast<std::int32_t>(whole);
 }
 
+std::int16_t Integer16(std::int64_t value) {
+    const auto narrow = static_cast<std::int16_t>(value);
+    if (narrow != value)
+        RaiseError(error_number::kOverflow);
+    return narrow;
+}
+
 String DecimalText(std::int64_t value) {
     return PaddedText(value, 1);
 }

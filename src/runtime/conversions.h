@@ -32,6 +32,9 @@ double RoundToEven(double value);
 /// `value` as a signed 32-bit number, rounded to even. Raises 6 when it doesn't fit.
 std::int32_t RoundToInteger32(double value);
 
+/// `value` as a signed 16-bit number. Raises 6 when it doesn't fit.
+std::int16_t Integer16(std::int64_t value);
+
 /// Decimal digits, with a minus sign for a negative number.
 String DecimalText(std::int64_t value);
 

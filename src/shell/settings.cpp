@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/process.h"
+#include "runtime/conversions.h"
 #include "runtime/errors.h"
 #include "shell/mRegistry.h"
 #include "shell/program_state.h"
@@ -43,9 +44,7 @@ void LoadServers(const OwnedRegistryKey& key) {
         return;
     }
     gServers = Array<String>(1, std::move(*list).Elements());
-    if (gServers.UpperBound() > std::numeric_limits<std::int16_t>::max())
-        RaiseError(error_number::kOverflow);
-    gServerCount = static_cast<std::int16_t>(gServers.UpperBound());
+    gServerCount = Integer16(gServers.UpperBound());
 }
 
 void LoadActiveBits(const OwnedRegistryKey& key) {

@@ -30,7 +30,7 @@ void frmSettings::StoreReminderTime() const {
 /// The order of the list, which is sorted, becomes the order of the servers.
 void frmSettings::StoreServers() const {
     const int count = lstServers.ListCount();
-    gServerCount = ToInteger16(DecimalText(count));
+    gServerCount = Integer16(count);
     if (count == 0) {
         gServers.Erase();
         gActiveBits.Erase();

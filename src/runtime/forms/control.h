@@ -52,7 +52,7 @@ class Control {
     /// All but lines and shapes; setting it on one of these raises 438.
     bool HasEnabled() const;
     bool Enabled() const { return mEnabled; }
-    virtual void SetEnabled(bool on);
+    void SetEnabled(bool on);
 
     /// Whether Tab stops here; a control with this off still takes the focus by mouse or by call.
     bool TabStop() const { return mTabStop; }

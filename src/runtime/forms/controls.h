@@ -203,7 +203,6 @@ class Timer : public Control {
 
     int Interval() const { return mInterval; } ///< milliseconds; 0: does not run
     void SetInterval(int milliseconds);
-    void SetEnabled(bool on) override;
     bool Running() const { return Enabled() && mInterval > 0; }
 
     /// The interval has passed: raises Tick where the timer still runs.

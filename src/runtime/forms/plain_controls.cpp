@@ -23,11 +23,6 @@ void Timer::SetInterval(int milliseconds) {
     Show(Property::Interval);
 }
 
-void Timer::SetEnabled(bool on) {
-    Control::SetEnabled(on);
-    Show(Property::Interval);
-}
-
 void Timer::Elapsed() {
     if (Running())
         Raise(Tick);

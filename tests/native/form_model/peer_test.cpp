@@ -94,7 +94,7 @@ TEST_F(FormPeers, EachPropertyOfAControlIsShown) {
               (Record{"lblText Caption", "lblText Place", "lblText Colours", "lblText Colours",
                       "lblText ToolTip", "lblText Font", "lblText Visible", "txtText Text",
                       "txtText Selection", "txtText PasswordChar", "txtText BorderStyle", "chkMark Value",
-                      "lstRows TabStops", "tmrTick Interval", "tmrTick Enabled", "tmrTick Interval"}));
+                      "lstRows TabStops", "tmrTick Interval", "tmrTick Enabled"}));
 }
 
 TEST_F(FormPeers, EachPropertyOfAFormIsShown) {

@@ -83,6 +83,14 @@ TEST(Conversions, ANumberInHexadecimalOrOctalNotation) {
     EXPECT_EQ(Refusal32(u"&H100000000"), kOverflow);
 }
 
+TEST(Conversions, ANumberThatSixteenBitsDoNotHoldIsRefused) {
+    EXPECT_EQ(Integer16(0), 0);
+    EXPECT_EQ(Integer16(32767), 32767);
+    EXPECT_EQ(Integer16(-32768), -32768);
+    for (const std::int64_t value : {32768LL, -32769LL, 65536LL, 4294967296LL})
+        EXPECT_EQ(RaisedNumber([&] { Integer16(value); }), kOverflow) << value;
+}
+
 TEST(Conversions, SixteenBitsHoldWhatRoundsIntoThem) {
     EXPECT_EQ(ToInteger16(u"32767"), 32767);
     EXPECT_EQ(ToInteger16(u"-32768"), -32768);
