@@ -64,14 +64,8 @@ class PracticeControlPeer : public ControlPeer {
         if (mList && what == Property::ListIndex)
             ListViews::Current().Reveal(*mList, mList->ListIndex());
     }
-    void RowInserted(int) override {}
     void RowRemoved(int) override { KeepRowsInView(); }
-    void RowReplaced(int) override {}
     void RowsCleared() override { KeepRowsInView(); }
-    void RowMarked(int) override {}
-    bool ReadSelection(int&, int&) override { return false; }
-    void ReplaceSelection(StringView) override {}
-    void TakeFocus() override {}
     WindowHandle Window() const override { return mWindow; }
     bool MeasureCaption(Twips& width, Twips& height) const override {
         const auto lines = std::ranges::count(mControl.Caption(), u'\n') + 1;

@@ -27,13 +27,6 @@ class ControlWindow : public ControlPeer {
     HWND Handle() const { return mWindow; }
 
     void Show(Property what) override;
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowReplaced(int) override {}
-    void RowsCleared() override {}
-    void RowMarked(int) override {}
-    bool ReadSelection(int&, int&) override { return false; }
-    void ReplaceSelection(StringView) override {}
     void TakeFocus() override;
     WindowHandle Window() const override { return reinterpret_cast<WindowHandle>(mWindow); }
 

@@ -11,15 +11,6 @@ class GraphicPeer : public ControlPeer {
     explicit GraphicPeer(const FormWindow& form) : mForm(form) {}
 
     void Show(Property what) override;
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowReplaced(int) override {}
-    void RowsCleared() override {}
-    void RowMarked(int) override {}
-    bool ReadSelection(int&, int&) override { return false; }
-    void ReplaceSelection(StringView) override {}
-    void TakeFocus() override {}
-    WindowHandle Window() const override { return 0; }
 
   private:
     const FormWindow& mForm;

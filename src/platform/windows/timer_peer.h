@@ -14,15 +14,6 @@ class TimerPeer : public ControlPeer {
     TimerPeer& operator=(const TimerPeer&) = delete;
 
     void Show(Property what) override;
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowReplaced(int) override {}
-    void RowsCleared() override {}
-    void RowMarked(int) override {}
-    bool ReadSelection(int&, int&) override { return false; }
-    void ReplaceSelection(StringView) override {}
-    void TakeFocus() override {}
-    WindowHandle Window() const override { return 0; }
 
   private:
     void Stop() const;

@@ -47,25 +47,26 @@ class ControlPeer {
     virtual void Show(Property what) = 0;
 
     /// Rows of lists, after the model's own change. `RowReplaced` keeps the selection in silence.
-    virtual void RowInserted(int row) = 0;
-    virtual void RowRemoved(int row) = 0;
-    virtual void RowReplaced(int row) = 0;
-    virtual void RowsCleared() = 0;
+    virtual void RowInserted(int /*row*/) {}
+    virtual void RowRemoved(int /*row*/) {}
+    virtual void RowReplaced(int /*row*/) {}
+    virtual void RowsCleared() {}
 
     /// Lists with check boxes: a row's mark has been turned.
-    virtual void RowMarked(int row) = 0;
+    virtual void RowMarked(int /*row*/) {}
 
     /// Text boxes: the selection is the window's own. False where the window has none to tell.
-    virtual bool ReadSelection(int& start, int& length) = 0;
+    virtual bool ReadSelection(int& /*start*/, int& /*length*/) { return false; }
 
     /// Text boxes: puts `text` in place of the selection, which stands as last shown or read, and scrolls
     /// the end of it into view. Called after the model's own change.
-    virtual void ReplaceSelection(StringView text) = 0;
+    virtual void ReplaceSelection(StringView /*text*/) {}
 
     /// Takes the keyboard. The echo of this is not reported back.
-    virtual void TakeFocus() = 0;
+    virtual void TakeFocus() {}
 
-    virtual WindowHandle Window() const = 0;
+    /// None where nothing of the platform's stands for the control.
+    virtual WindowHandle Window() const { return 0; }
 
     /// Labels: the size that the whole caption takes in the control's font. False where nothing shows it.
     virtual bool MeasureCaption(Twips& /*width*/, Twips& /*height*/) const { return false; }

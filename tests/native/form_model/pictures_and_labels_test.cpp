@@ -41,14 +41,6 @@ class MeasuringPeer : public ControlPeer {
   public:
     explicit MeasuringPeer(const Control& control) : mControl(control) {}
     void Show(Property what) override { shown.push_back(what); }
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowReplaced(int) override {}
-    void RowsCleared() override {}
-    void RowMarked(int) override {}
-    bool ReadSelection(int&, int&) override { return false; }
-    void ReplaceSelection(StringView) override {}
-    void TakeFocus() override {}
     WindowHandle Window() const override { return 1; }
     bool MeasureCaption(Twips& width, Twips& height) const override {
         width = static_cast<Twips>(mControl.Caption().size()) * 10;
