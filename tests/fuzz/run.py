@@ -32,8 +32,9 @@ PO_COMPILER = "po_compiler"
 
 SHORT_RUNS = 4000
 SHORT_SECONDS = 5
-CHUNK_SECONDS = 120
-"""After so long the record is written, so that little is lost when a long run is broken off."""
+CHUNK_SECONDS = 600
+"""After so long the record is written, lest all is lost when a long run is broken off. Each begins with all that was ever
+found interesting, which takes the sessions most of a minute."""
 
 LARGEST_INPUT = 2048
 PATIENCE = 20
