@@ -145,6 +145,9 @@ class RowControl : public Control {
         std::int32_t data = 0;
         bool checked = false;
     };
+    /// What of a row's text its place in a sorted list goes by.
+    virtual StringView SortedPart(StringView text) const { return text; }
+
     bool HasRow(int row) const;
     Row& At(int row);
     const Row& At(int row) const;
@@ -175,7 +178,8 @@ class ListBox : public RowControl {
     void SetSelected(int row, bool checked);
     void RowToggled(int row); ///< the user's turn of a check mark
 
-    /// Tab stops of the rows' text in dialog units from the left edge.
+    /// Tab stops of the rows' text in dialog units from the left edge. A sorted list that has some goes by
+    /// what stands ahead of the first tab.
     const std::vector<int>& TabStops() const { return mTabStops; }
     void SetTabStops(std::vector<int> stops);
 
@@ -185,6 +189,9 @@ class ListBox : public RowControl {
 
     Handler<int> ItemCheck; ///< the row
     Handler<> Scroll;
+
+  protected:
+    StringView SortedPart(StringView text) const override;
 
   private:
     ListStyle mStyle;

@@ -27,6 +27,10 @@ void ListBox::SetTabStops(std::vector<int> stops) {
     Show(Property::TabStops);
 }
 
+StringView ListBox::SortedPart(StringView text) const {
+    return mTabStops.empty() ? text : text.substr(0, text.find(u'\t'));
+}
+
 void ListBox::Clear() {
     mTopIndex = 0;
     RowControl::Clear();

@@ -118,14 +118,14 @@ std::uint32_t RowControl::Store(const String& text) {
 int RowControl::PlaceFor(StringView text) const {
     if (!mSorted)
         return ListCount();
-    const Application& application = Application::Current();
+    const StringView sorted_part = SortedPart(text);
+    const auto comes_ahead = [&](StringView added, std::uint32_t slot) {
+        return Application::Current().CompareRows(added, SortedPart(mStore[slot].text)) < 0;
+    };
     // Names that come in order, as they are stored, go to the end without a search.
-    if (mSlots.empty() || application.CompareRows(text, mStore[mSlots.back()].text) >= 0)
+    if (mSlots.empty() || !comes_ahead(sorted_part, mSlots.back()))
         return ListCount();
-    const auto place =
-        std::upper_bound(mSlots.begin(), mSlots.end(), text, [&](StringView added, std::uint32_t slot) {
-            return application.CompareRows(added, mStore[slot].text) < 0;
-        });
+    const auto place = std::upper_bound(mSlots.begin(), mSlots.end(), sorted_part, comes_ahead);
     return static_cast<int>(place - mSlots.begin());
 }
 

@@ -64,6 +64,18 @@ TEST_F(Rows, AGivenPlaceGoesAheadOfTheOrder) {
     EXPECT_EQ(sorted.ListCount(), 2);
 }
 
+TEST_F(Rows, WithTabStopsASortedListGoesByWhatStandsAheadOfTheFirstTab) {
+    desktop.order = [](StringView a, StringView b) { return a.compare(b); };
+    sorted.AddItem(u"b\t2");
+    sorted.AddItem(u"b\t1");
+    EXPECT_EQ(All(sorted), (StringList{u"b\t1", u"b\t2"}));
+    sorted.SetTabStops({89});
+    sorted.AddItem(u"b\t0\t3");
+    sorted.AddItem(u"b\x01");
+    sorted.AddItem(u"a");
+    EXPECT_EQ(All(sorted), (StringList{u"a", u"b\t1", u"b\t2", u"b\t0\t3", u"b\x01"}));
+}
+
 TEST_F(Rows, ATextReplacedStaysInItsPlaceEvenInASortedList) {
     sorted.AddItem(u"a");
     sorted.AddItem(u"b");

@@ -73,6 +73,17 @@ TEST_F(OldPasswordList, TheRowsKeepTheirOrderWhateverTheirMasks) {
     EXPECT_EQ(Rows(), (Lines{Masked("A", 33), Masked("AB"), Masked("B")}));
 }
 
+TEST_F(OldPasswordList, ARowIsSortedInWhateverTheMasksOfOthers) {
+    static const StringList servers{u"", u"ALPHA", u"ALPHA BETA"};
+    Configure(servers, true);
+    OpenRows();
+    EXPECT_EQ(Rows(), (Lines{Masked(""), Masked(" This computer"), Masked("ALPHA"), Masked("ALPHA BETA")}));
+    TypeOld(0, u"abc");
+    TypeOld(2, u"abcde");
+    Visit([](Form&) { Configure(servers, true); });
+    EXPECT_EQ(Rows(), (Lines{Masked("", 3), " This computer", Masked("ALPHA", 5), "ALPHA BETA"}));
+}
+
 TEST_F(OldPasswordList, RowsAddedAfterTheSettingsHaveNoMask) {
     OpenRows();
     Visit([](Form&) { Configure({u"\\\\ARCHIVE", u"\\\\SPARE"}, true); });
