@@ -164,6 +164,8 @@ void ChangeMachine(World& world, SessionBytes& bytes) {
         world.files.current_directory = String(kProgramFolder, std::size(kProgramFolder) - 2);
 }
 
+constexpr std::uint32_t kBufferTooSmall = 0x80020013;
+
 /// Calls that can be answered, each with codes that their servers or their system give.
 void LayFault(World& world, SessionBytes& bytes) {
     struct Failing {
@@ -201,13 +203,16 @@ void LayFault(World& world, SessionBytes& bytes) {
         {"GetListItemRectangle", {5, 5, 5, 5}},
         {"SetWindowProcedure", {5, 5, 5, 5}},
         {"SHBrowseForFolderW", {5, 5, 5, 5}},
-        {"SHGetDataFromIDListW", {2147614739, 2147942487, 2147500037, 2147500037}},
+        {"SHGetDataFromIDListW", {kBufferTooSmall, 2147942487, 2147500037, 2147500037}},
         {"SHGetDesktopFolder", {2147500037, 2147500037, 2147500037, 2147500037}},
         {"ShellExecuteW", {5, 2, 5, 2}},
         {"ExitWindowsEx", {5, 5, 5, 5}},
     };
     const Failing& call = bytes.Of(kCalls);
-    world.Fail(call.name, bytes.Of(call.codes), static_cast<int>(bytes.Below(8)));
+    const std::uint32_t code = bytes.Of(call.codes);
+    const auto nth = static_cast<int>(bytes.Below(8)); // 0: every call
+    // The program asks with ever larger buffers, without a limit of its own: some time one is large enough.
+    world.Fail(call.name, code, code == kBufferTooSmall ? std::max(nth, 1) : nth);
 }
 
 } // namespace
