@@ -143,8 +143,12 @@ void SettingsWindowRules::CheckReminder(const Form& form, Findings& found) const
     const double days = LeadingNumber(box.Text());
     found.Expect(days <= 99 || form.ActiveControl() == &box || box.Text() == start,
                  "a box with more than 99 days can't be left");
-    found.Expect(box.Text().find_first_not_of(u"0123456789", start.starts_with(u'-') ? 1 : 0) == String::npos,
-                 "days are digits");
+    // The minus of a stored time is taken away by the keys that take away, and digits may be typed ahead of
+    // it.
+    String digits = box.Text();
+    if (const std::size_t minus = digits.find(u'-'); minus != String::npos && start.starts_with(u'-'))
+        digits.erase(minus, 1);
+    found.Expect(digits.find_first_not_of(u"0123456789") == String::npos, "days are digits");
     const auto& label = form.Find(u"lblRemind");
     try {
         const auto noun = gLocalizer->GetPluralText(412, RoundToInteger32(days));
