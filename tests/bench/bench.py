@@ -18,9 +18,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 PAGE = ROOT / "docs" / "figures.md"
 
 LOGIC = """\
-`./bench.sh logic`: Google Benchmark on the practice platform of this computer, what stands beside
-each other in turns in one process. Beside a growth stand the same steps with 1,000 servers. The heap keeps freed blocks
-at hand, as that of Windows does."""
+`./bench.sh logic`: Google Benchmark on the practice platform of this computer, what stands beside each other in turns in
+one process. Beside a growth stand the same steps with 1,000 servers. The heap keeps freed blocks at hand, as that of
+Windows does."""
 
 PROCESS = """\
 `./bench.sh process`: `Moorlink.exe` in the Wine of the desktop tests, seen from outside, in turn with a bare program

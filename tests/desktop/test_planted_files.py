@@ -18,9 +18,9 @@ AT_START = ("advapi32", "gdi32", "imm32", "kernel32", "kernelbase", "msvcrt", "n
             "user32", "version", "win32u")
 """What it imports, and what that needs, under Wine as under Windows. Wine gives the folder in which it finds such a name
 as the path of its own library."""
-SEEN_WHEN_TAKEN = ("imm32", "rpcrt4", "sechost", "user32", "version", "win32u")
-"""Of these Wine takes a planted one if it is told to, and runs its code. With another in the place of the rest, the
-program ends before any library's code is run."""
+SEEN_WHEN_TAKEN = ("imm32", "rpcrt4", "sechost", "ucrtbase", "user32", "version", "win32u")
+"""Of these Wine takes a planted one if it is told to, and runs its code. With another in the place of the rest no such
+code is run either, as the program doesn't come so far; NTDLL is the system's even then."""
 OVERRIDES = "HKCU\\Software\\Wine\\AppDefaults\\%s\\DllOverrides"
 OF_SET_UP = ("apphelp", "clbcatq", "crypt32", "cryptbase", "cscapi", "dwmapi", "linkinfo", "mpr", "msi", "msls31",
              "ntmarta", "ntshrui", "profapi", "propsys", "riched20", "secur32", "setupapi", "shfolder", "shlwapi",

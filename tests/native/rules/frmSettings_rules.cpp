@@ -143,8 +143,7 @@ void SettingsWindowRules::CheckReminder(const Form& form, Findings& found) const
     const double days = LeadingNumber(box.Text());
     found.Expect(days <= 99 || form.ActiveControl() == &box || box.Text() == start,
                  "a box with more than 99 days can't be left");
-    // The minus of a stored time is taken away by the keys that take away, and digits may be typed ahead of
-    // it.
+    // A stored time below zero brings its minus, and digits may be typed ahead of it.
     String digits = box.Text();
     if (const std::size_t minus = digits.find(u'-'); minus != String::npos && start.starts_with(u'-'))
         digits.erase(minus, 1);
