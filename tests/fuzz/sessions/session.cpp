@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 namespace kestrelmoor::fuzz {
 
@@ -37,12 +38,13 @@ Form* FormNamed(StringView name) {
     return nullptr;
 }
 
-/// More days than a 32-bit number holds end the program, as told.
-bool ShowsTooManyDays() {
-    constexpr double kMost = 2147483647;
+/// Days that no 32-bit number holds end the program, as told; behind a stored minus they are too few.
+bool ShowsDaysBeyondANumber() {
     const Form* const settings = FormNamed(u"frmSettings");
-    return settings != nullptr &&
-           LeadingNumber(dynamic_cast<const TextBox&>(settings->Find(u"txtRemind")).Text()) > kMost;
+    if (settings == nullptr)
+        return false;
+    const double days = LeadingNumber(dynamic_cast<const TextBox&>(settings->Find(u"txtRemind")).Text());
+    return days > std::numeric_limits<std::int32_t>::max() || days < std::numeric_limits<std::int32_t>::min();
 }
 
 bool RunIsOpen() {
@@ -202,7 +204,7 @@ void Session::WatchPasswordCalls(const char* name) {
 }
 
 void Session::AcceptEnd(const RuntimeError& error) {
-    const bool overflow = error.number() == kOverflow && (ShowsTooManyDays() || mStarted.has_directory);
+    const bool overflow = error.number() == kOverflow && (ShowsDaysBeyondANumber() || mStarted.has_directory);
     // What the directory can't tell of an account is not trapped, as told; nor are some failures of the shell
     // and of a library's entries. All of them bear the number of the failed call, never one of the logic's
     // own.
