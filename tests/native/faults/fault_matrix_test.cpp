@@ -1,4 +1,4 @@
-#include "tests/native/faults/told.h"
+#include "tests/native/faults/told_table.h"
 
 #include <gtest/gtest.h>
 
@@ -40,27 +40,29 @@ class FaultMatrix : public testing::TestWithParam<std::size_t> {
         std::fflush(stdout);
     }
 
-    void Judge(const std::string& cell, const std::optional<Told>& told, const Outcome& outcome) {
+    void Judge(const std::string& cell, const std::optional<Told>& told, const Outcome& from,
+               const Outcome& outcome) {
         ++tried;
         const std::string against =
-            told ? told->Against(base, outcome, scenario) : "  no rule tells its outcome\n";
+            told ? told->Against(from, outcome, scenario) : "  no rule tells its outcome\n";
         held += against.empty() ? 1U : 0U;
         if (!against.empty())
             ADD_FAILURE() << cell << "\n" << against;
     }
 
     void TryPairs(const Cell& first, const Outcome& failed) {
-        for (const Cell& second : SecondCellsOf(first, failed))
-            Judge(first.Text() + "\n  and " + second.Text(),
-                  ToldTable::Current().ToldForPair(first, second).told,
+        for (const Cell& second : SecondCellsOf(first, failed)) {
+            const ToldTable::ForPair pair = ToldTable::Current().ToldForPair(first, second);
+            Judge(first.Text() + "\n  and " + second.Text(), pair.told, pair.from_first ? failed : base,
                   RunScenario(scenario, {first.Fault(), second.Fault()}));
+        }
     }
 
     void Try(const Cell& cell) {
         const ToldTable& table = ToldTable::Current();
         const std::optional<std::size_t> rule = table.RuleFor(cell);
         const Outcome outcome = RunScenario(scenario, {cell.Fault()});
-        Judge(cell.Text(), rule ? std::optional(table.ToldBy(*rule, cell)) : std::nullopt, outcome);
+        Judge(cell.Text(), rule ? std::optional(table.ToldBy(*rule, cell)) : std::nullopt, base, outcome);
         TryPairs(cell, outcome);
     }
 

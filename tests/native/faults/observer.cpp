@@ -72,11 +72,11 @@ Observer::Observer(World& world, const std::vector<std::string>& script)
       mConsole(
           world, [this] { return NextLine(); }, [this](const std::string& text) { Print(text); }, true) {
     world.boxes.Shown = [this](const practice::Box& box) {
-        mLines.push_back(OnOneLine("box " + std::to_string(box.style) + " " + ToUtf8(box.title) + ": " +
-                                   ToUtf8(box.text)));
+        Show(OnOneLine("box " + std::to_string(box.style) + " " + ToUtf8(box.title) + ": " +
+                       ToUtf8(box.text)));
     };
     world.browser.Shown = [this](const practice::BrowseDialog& dialog) {
-        mLines.push_back(OnOneLine("browse: " + ToUtf8(dialog.Prompt())));
+        Show(OnOneLine("browse: " + ToUtf8(dialog.Prompt())));
     };
 }
 
@@ -98,7 +98,7 @@ std::optional<std::string> Observer::NextLine() {
 }
 
 bool Observer::Refuse(const std::string& what) {
-    mLines.push_back("refused: " + what);
+    Show("refused: " + what);
     mNext = mScript.size();
     return false;
 }
@@ -107,15 +107,15 @@ bool Observer::Look() {
     Form* const form = Application::Current().ActiveForm();
     if (!form)
         return Refuse("no window is open");
-    mLines.push_back("look form " + Hex(form->BackColor()) + " " + Hex(form->ForeColor()));
+    Show("look form " + Hex(form->BackColor()) + " " + Hex(form->ForeColor()));
     if (const Control* const focus = form->FocusHolder())
-        mLines.push_back("look focus " + Hex(focus->BackColor()) + " " + Hex(focus->ForeColor()));
+        Show("look focus " + Hex(focus->BackColor()) + " " + Hex(focus->ForeColor()));
     for (const std::uint32_t size : {0U, 1U})
-        mLines.push_back("look icon " + std::to_string(size) + " " + IconText(*form, size));
+        Show("look icon " + std::to_string(size) + " " + IconText(*form, size));
     const auto& box = form->Get<TextBox>(u"txtNewPass");
-    mLines.push_back("look mask " + ToUtf8(box.PasswordChar()));
+    Show("look mask " + ToUtf8(box.PasswordChar()));
     const auto& label = form->Get<Label>(u"lblNewPass");
-    mLines.push_back(label.Caption() == label.Tag() ? "look cues shown" : "look cues hidden");
+    Show(label.Caption() == label.Tag() ? "look cues shown" : "look cues hidden");
     return true;
 }
 
@@ -124,8 +124,13 @@ bool Observer::Pick(std::size_t row) {
     if (!dialog)
         return Refuse("no dialog is open");
     dialog->Select(dialog->Rows().at(row));
-    mLines.push_back(OnOneLine("prompt: " + ToUtf8(dialog->Prompt())));
+    Show(OnOneLine("prompt: " + ToUtf8(dialog->Prompt())));
     return dialog->PressOk() || Refuse("OK is disabled for this row");
+}
+
+void Observer::Show(const std::string& line) {
+    mLines.push_back(line);
+    mMade.push_back(mWorld.calls.All().size());
 }
 
 void Observer::Print(const std::string& text) {
@@ -147,27 +152,26 @@ void Observer::PrintLine(std::string line) {
     else if (line.find("list of ") != std::string::npos)
         line = std::regex_replace(line, kLength, "list");
     if (!line.empty())
-        mLines.push_back(line);
+        Show(line);
 }
 
 bool Observer::PrintResult(std::string line) {
     static const std::regex kEnd(R"("( \(disabled\))? \(locked\)$)");
     if (TakePrefix(line, "txtStatus \"") || TakePrefix(line, "> txtStatus \"")) {
         mInResults = true;
-        mLines.emplace_back("txtStatus");
+        Show("txtStatus");
     }
     if (!mInResults)
         return false;
     mInResults = !std::regex_search(line, kEnd);
     line = OnOneLine("status: " + std::regex_replace(line, kEnd, ""));
     if (line != "status:")
-        mLines.push_back(line);
+        Show(line);
     return true;
 }
 
 void Observer::TellEnd(const RuntimeError& error) {
-    mLines.push_back(
-        OnOneLine("error " + std::to_string(error.number()) + ": " + ToUtf8(error.description())));
+    Show(OnOneLine("error " + std::to_string(error.number()) + ": " + ToUtf8(error.description())));
 }
 
 void Observer::TellChanges(const World& start, std::vector<std::string>& log) {

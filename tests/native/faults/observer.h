@@ -28,11 +28,15 @@ class Observer {
 
     const std::vector<std::string>& Lines() const { return mLines; }
 
+    /// Of each line ahead of the changes: how many calls had been made when it was shown.
+    const std::vector<std::size_t>& Made() const { return mMade; }
+
   private:
     std::optional<std::string> NextLine();
     bool Look();
     bool Pick(std::size_t row);
     bool Refuse(const std::string& what);
+    void Show(const std::string& line);
     void Print(const std::string& text);
     void PrintLine(std::string line);
     bool PrintResult(std::string line); ///< false: the line is not of the box of results
@@ -45,6 +49,7 @@ class Observer {
     std::size_t mNext = 0;
     bool mInResults = false;
     std::vector<std::string> mLines;
+    std::vector<std::size_t> mMade;
     practice::Console mConsole;
 };
 

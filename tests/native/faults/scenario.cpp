@@ -85,6 +85,7 @@ Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>
         RunProgram(observer);
         observer.TellChanges(*scenario.start, outcome.log);
         outcome.lines = observer.Lines();
+        outcome.made = observer.Made();
     }
     outcome.calls = std::make_shared<std::vector<practice::Call>>(world.calls.All());
     GiveBackAll();

@@ -10,8 +10,9 @@ namespace kestrelmoor::tests {
 
 /// What the program was seen to do in one run, as lines that can be compared.
 struct Outcome {
-    std::vector<std::string> lines; ///< boxes, windows, the end, and what has changed in the world
-    std::vector<std::string> log;   ///< the lines of the log, where one was kept
+    std::vector<std::string> lines; ///< boxes, windows, the end, and then what has changed in the world
+    std::vector<std::size_t> made;  ///< of each line ahead of the changes: the calls made when it was shown
+    std::vector<std::string> log;   ///< the lines of the log, where one was kept; each is one Append
     std::shared_ptr<const std::vector<practice::Call>> calls;
     std::size_t handles_left = 0; ///< handed out by the platform and not got back, but for libraries
     std::size_t modules_left = 0;
