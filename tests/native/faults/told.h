@@ -2,7 +2,6 @@
 
 #include "tests/native/faults/scenario.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +11,7 @@ namespace kestrelmoor::tests {
 /// In the pattern * stands for any text.
 bool Matches(std::string_view pattern, std::string_view text);
 
-/// Lines of the log that others stand in place of.
+/// Lines of the log that others stand in place of. A pattern that no line fits means the end of the log.
 struct LogPart {
     std::string from;  ///< a pattern of the first of them; empty: the first one behind the failed call
     std::string until; ///< a pattern of the first one behind them; empty: they go to the end
@@ -27,9 +26,8 @@ struct Told {
     std::vector<std::string> only, gone, more;
     std::string stops; ///< a pattern: from the first line on that fits it nothing is seen any more
     std::vector<LogPart> log;
-    std::size_t place = 0;                     ///< of the failed call
-    bool ends = false;                         ///< it ends the run
-    std::optional<std::size_t> modules_left{}; ///< none: as many as the scenario allows, or fewer
+    std::size_t place = 0; ///< of the failed call
+    bool ends = false;     ///< it ends the run
 
     /// What speaks against it in that scenario; empty: it holds.
     std::string Against(const Outcome& base, const Outcome& outcome, const Scenario& scenario) const;

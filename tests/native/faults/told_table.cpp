@@ -14,8 +14,7 @@ namespace {
 using nlohmann::json;
 using Lines = std::vector<std::string>;
 
-const std::regex kWords(R"((rror -?\d+:).*$)");
-const std::string kNoWords = "Error: No text was found for a system error. The search failed with error 317.";
+constexpr char kNoWords[] = "Error: No text was found for a system error. The search failed with error 317.";
 
 /// One text or a list of them.
 bool Names(const json& names, const std::string& name) {
@@ -34,24 +33,25 @@ void ReplaceAll(std::string& text, const std::string& mark, const std::string& b
         text.replace(at, mark.size(), by);
 }
 
-Lines CutWords(const Lines& patterns) {
-    Lines cut;
-    for (const std::string& pattern : patterns)
-        cut.push_back(std::regex_replace(pattern, kWords, "$1"));
-    return cut;
+/// The pattern without what an error says behind its number.
+std::string WithoutWords(const std::string& pattern) {
+    static const std::regex kWords(R"((rror -?\d+:).*$)");
+    return std::regex_replace(pattern, kWords, "$1");
 }
 
 /// The same where the system has no words for the error. In the log another line stands ahead of the error's,
 /// which says so.
 Told WithoutWords(Told told) {
-    told.more = CutWords(told.more);
-    told.only = CutWords(told.only);
+    for (Lines* const patterns : {&told.more, &told.only})
+        for (std::string& pattern : *patterns)
+            pattern = WithoutWords(pattern);
     for (LogPart& part : told.log) {
-        const auto error = std::ranges::find_if(
-            part.lines, [](const std::string& pattern) { return std::regex_search(pattern, kWords); });
+        const auto error = std::ranges::find_if(part.lines, [](const std::string& pattern) {
+            return pattern.find("rror ") != std::string::npos && pattern != kNoWords;
+        });
         if (error == part.lines.end())
             continue;
-        *error = std::regex_replace(*error, kWords, "$1");
+        *error = WithoutWords(*error);
         if (error == part.lines.begin() || *std::prev(error) != kNoWords)
             part.lines.insert(error, kNoWords);
         break;
@@ -240,9 +240,7 @@ Told ToldTable::Read(const json& outcome, const Cell& cell) const {
                     outcome.value("stops", ""),
                     LogParts(outcome, cell),
                     cell.place,
-                    outcome.value("ends", false),
-                    outcome.contains("left") ? std::optional(outcome.at("left").get<std::size_t>())
-                                             : std::nullopt};
+                    outcome.value("ends", false)};
     return Counts(mTable.at("groups").at("without words"), cell.code) ? WithoutWords(told) : told;
 }
 
@@ -290,9 +288,9 @@ ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second)
         return {rule, graver, from_first};
     }
     if (told == "first without words")
-        return {rule, WithoutWords(*told_for(first)), false};
+        return {rule, WithoutWords(told_for(first).value()), false};
     if (told == "first without a box")
-        return {rule, WithoutABox(*told_for(first)), false};
+        return {rule, WithoutABox(told_for(first).value()), false};
     return {rule, Read(told, first), false};
 }
 
@@ -302,8 +300,8 @@ std::pair<Told, bool> ToldTable::Graver(const Cell& first, const Cell& second, c
         const bool ends = Names(mTable.at("ends_the_run"), second.Call().name);
         return {ends ? Read("the end", second) : Told{}, true};
     }
-    const json& of_first = mTable.at("rules").at(*RuleFor(first)).at("told");
-    const json& of_second = mTable.at("rules").at(*RuleFor(*usual)).at("told");
+    const json& of_first = mTable.at("rules").at(RuleFor(first).value()).at("told");
+    const json& of_second = mTable.at("rules").at(RuleFor(*usual).value()).at("told");
     const Told told = Read(of_second, second);
     for (const json& outcomes : mTable.at("gravest_first")) {
         const auto one = std::ranges::find(outcomes, of_first);

@@ -29,17 +29,19 @@ struct Cell {
 /// its outcome. A rule fits by `call`, `where` (a text in the call with its arguments), `nth` (among the
 /// calls of the run that fit so far), `previous` and `next` (names of the calls around it; log lines and
 /// calls that answer nothing don't count for the next one), `scenario` and `code` (codes, or the name of
-/// one of the `groups`). In texts stand {call}, {code}, {number} (the run-time's number of a COM result),
-/// {argument} (the first one), and of the call's target {row}, {phrase} and {password}; "@NAME" stands for
-/// the patterns of a list. A rule of `pairs` tells the outcome of two faults: an outcome of its own, or
-///   "second"       what is told for the second one, against the run with the first alone
-///   "first"        that of the first; so it is without a rule, too
-///   "graver"       as "second", but for two outcomes in one of the lists `gravest_first` where the first
-///   one's
-///                  stands ahead: then "first". There the second call counts as it does in the run without
-///                  the first fault; where only the road that this fault opens has it, it costs nothing more,
-///                  unless it is one that `ends_the_run`
-///   "first without words", "first without a box"    the second one costs the first its text or its box
+/// one of the `groups`). An outcome has the members of Told, under the same names. In texts stand {call},
+/// {code}, {number} (the run-time's number of a COM result), {argument} (the first one), and of the call's
+/// target {row}, {phrase} and {password}; "@NAME" stands for the patterns of a list. For the codes in the
+/// group "without words" the system has no text.
+///
+/// A rule of `pairs` fits two faults, with `nth` and `second_nth` among the calls of that name, and `where`
+/// in the second one. It has an outcome of its own, or one of these names:
+///   "second": what is told for the second one, against the run with the first alone
+///   "first": that of the first; so it is without a rule, too
+///   "first without words", "first without a box": the second one costs the first its text or its box
+///   "graver": of two outcomes in one of the lists `gravest_first` the one that stands ahead; else "second"
+/// For the last one the second call counts as it does in the run without the first fault; where only the
+/// road that this fault opens has it, it costs nothing more, unless it is one that `ends_the_run`.
 class ToldTable {
   public:
     static const ToldTable& Current();
