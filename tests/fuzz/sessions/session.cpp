@@ -60,8 +60,7 @@ Session::Session(practice::World& world, SessionBytes bytes) : mWorld(world), mB
     mStarted = MakeWorld(mWorld, mBytes);
     mDone.push_back("start " + ToUtf8(mWorld.machine.command_line));
     mWorld.actions.Source = [this] { return Step(); };
-    for (const char* const name : {"NetUserChangePassword", "IADsUser.ChangePassword"})
-        WatchPasswordCalls(name);
+    mWorld.calls.Entered = [this](const practice::Call& call) { LookAtPasswordCall(call.name); };
 }
 
 void Session::Run() {
@@ -195,12 +194,10 @@ void Session::QueueForPump() {
         mWorld.actions.Queue(act, when % 5 + 1);
 }
 
-void Session::WatchPasswordCalls(const char* name) {
-    mWorld.calls.Before(name, [this, name] {
-        if (!RunIsOpen())
-            Require({std::string("a password call without a window: ") + name});
-        WatchPasswordCalls(name);
-    });
+/// What the person does during the call comes behind this.
+void Session::LookAtPasswordCall(const std::string& name) {
+    if ((name == "NetUserChangePassword" || name == "IADsUser.ChangePassword") && !RunIsOpen())
+        Require({"a password call without a window: " + name});
 }
 
 void Session::AcceptEnd(const RuntimeError& error) {

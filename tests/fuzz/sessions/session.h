@@ -29,7 +29,7 @@ class Session {
     void SendMessage();
     void ChangeWorld();
     void QueueForPump();
-    void WatchPasswordCalls(const char* name);
+    void LookAtPasswordCall(const std::string& name);
     void Do(const tests::UserAction& action);
     void Look();
     void Require(const std::vector<std::string>& broken);

@@ -48,6 +48,20 @@ bool TellsReasons() {
     return TextOf(327, {u"", u"one"}) != TextOf(327, {u"", u"another"});
 }
 
+/// A language without places for the target tells how many there were, and not which.
+bool TellsTargets() {
+    return TextOf(326, {u"one"}) != TextOf(326, {u"another"}) &&
+           TextOf(327, {u"one"}) != TextOf(327, {u"another"});
+}
+
+int Count(const String& paragraph, const String& paragraphs) {
+    int count = 0;
+    for (std::size_t at = paragraphs.find(kBreak + paragraph + kBreak); at != String::npos;
+         at = paragraphs.find(kBreak + paragraph + kBreak, at + 1))
+        ++count;
+    return count;
+}
+
 bool IsLoggedOnAccount(const String& target) {
     return target.starts_with(u' ') || platform::CompareText(target, gDomainName) == 0;
 }
@@ -80,6 +94,11 @@ void RunRules::Remember() {
 void RunRules::Look(const Form& form, Findings& found) const {
     const auto& list = On<ListBox>(form, u"lstOldPass");
     const String paragraphs = kBreak + On<TextBox>(form, u"txtStatus").Text() + kBreak;
+    if (!TellsTargets()) {
+        found.Expect(Count(TextOf(326), paragraphs) + Count(TextOf(327), paragraphs) == list.ListCount(),
+                     "as many paragraphs as targets");
+        return;
+    }
     const String& new_password = On<TextBox>(form, u"txtNewPass").Text();
     std::vector<TargetResult> results;
     std::set<const AccountStore*> changed;

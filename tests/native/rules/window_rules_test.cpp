@@ -1,7 +1,9 @@
 #include "tests/native/rules/window_rules.h"
 
 #include "forms/settings/frmSettings.h"
+#include "localization/language_resolution.h"
 #include "tests/native/forms/password_rows.h"
+#include "tests/native/rules/form_rules.h"
 #include "tests/native/support/accounts_of.h"
 
 #include <algorithm>
@@ -185,6 +187,15 @@ TEST_F(RulesOfTheWindows, SeeATargetWithoutAParagraph) {
     RunWithARefusal();
     Box(u"txtStatus").SetText(u"");
     ExpectComplaint("one paragraph for each target: \\\\ARCHIVE");
+}
+
+TEST_F(RulesOfTheWindows, SeeAMissingParagraphWhereTheLanguageNamesNoTarget) {
+    world.libraries.Put(ScriptedLanguage(1031));
+    ASSERT_FALSE(LoadLocalization(1031));
+    modules_left = 1; // the former language library
+    RunWithARefusal();
+    Box(u"txtStatus").SetText(Box(u"txtStatus").Text().substr(TextOf(326).size()));
+    ExpectComplaint("as many paragraphs as targets");
 }
 
 TEST_F(RulesOfTheWindows, SeeASessionThatWouldGoOn) {
