@@ -84,12 +84,11 @@ std::int32_t ADChangePassword(const String& sOldPass, const String& sNewPass, co
 
 String FormatADError(const RuntimeError& oErr, const String& sApiName) {
     const String number_text = DecimalText(oErr.number());
-    if (!gLogging)
-        return LoadMessage(15, {number_text, oErr.description()});
     const auto number = static_cast<std::uint32_t>(oErr.number());
     const bool of_system = (number & ~kCodeMask) == kSystemCodes;
     const String text = of_system ? GetSystemErrorText(number & kCodeMask) : oErr.description();
-    return LoadMessage(12, {number_text, sApiName, text});
+    return gLogging ? LoadMessage(12, {number_text, sApiName, text})
+                    : LoadMessage(15, {number_text, oErr.description()});
 }
 
 } // namespace kestrelmoor

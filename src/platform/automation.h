@@ -7,8 +7,8 @@
 
 namespace kestrelmoor::platform {
 
-/// What a language library hands out by address, in the platform's own shapes: taken over as a value of the
-/// program's, and given back on the spot.
+/// What a language library or the system hands out by address, in the platform's own shapes: taken over as a
+/// value of the program's, and given back on the spot.
 
 /// A counted text (BSTR). Null is an empty text.
 String TakeText(char16_t* text);

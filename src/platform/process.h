@@ -24,7 +24,7 @@ OsVersion GetVersionExA();
 /// the process, and an existing mutex is no error.
 void CreateMutexA(const char* sName);
 
-/// The text of the arguments as one string, without the program's own name and the blanks behind it.
+/// The text of the arguments as one string, without the program's own name and the blanks and tabs behind it.
 String CommandLineArguments();
 
 /// The present local date and time.
@@ -39,8 +39,8 @@ String DateText(Date date);
 /// Ends the session; the result is not looked at.
 void ExitWindowsEx(std::uint32_t nFlags, std::uint32_t nReason);
 
-/// The end of the process by an error that nobody trapped: shows its text in the platform's box, closes what
-/// is open and does not return.
+/// The end of the process by an error that nobody trapped: shows its text in the platform's box and
+/// does not return. No window is unloaded; the system takes back what is open.
 [[noreturn]] void EndByError(const RuntimeError& error) noexcept;
 
 } // namespace kestrelmoor::platform

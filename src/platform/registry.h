@@ -21,8 +21,6 @@ inline constexpr std::uint32_t kString = 1;
 inline constexpr std::uint32_t kExpandString = 2;
 inline constexpr std::uint32_t kBinary = 3;
 inline constexpr std::uint32_t kDword = 4;
-inline constexpr std::uint32_t kDwordBigEndian = 5;
-inline constexpr std::uint32_t kLink = 6;
 inline constexpr std::uint32_t kMultiString = 7;
 } // namespace registry_type
 

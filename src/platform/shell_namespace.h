@@ -52,7 +52,8 @@ std::int32_t SHGetDesktopFolder(OwnedShellFolder& folder);
 /// IShellFolder::BindToObject for the interface {000214E6-0000-0000-C000-000000000046}, a folder's own.
 std::int32_t BindToObject(const OwnedShellFolder& folder, ItemList list, OwnedShellFolder& bound);
 
-/// IShellFolder::CompareIDs: 0 when the two are the same. The order stands in the low 16 bits otherwise.
+/// IShellFolder::CompareIDs: 0 when the two are the same. Otherwise the order in the low 16 bits, or the
+/// code of a failure.
 std::int32_t CompareIDs(const OwnedShellFolder& folder, std::int32_t nColumn, ItemList a, ItemList b);
 
 namespace text_kind {

@@ -6,7 +6,6 @@
 #include "runtime/text.h"
 
 #include <cstdint>
-#include <optional>
 
 namespace kestrelmoor::platform {
 

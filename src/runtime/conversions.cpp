@@ -75,8 +75,8 @@ std::optional<unsigned> DigitValue(char16_t unit, unsigned base) {
     return value < base ? std::optional<unsigned>(value) : std::nullopt;
 }
 
-/// The digits behind `&H` or `&O`. Four hexadecimal digits are a 16-bit pattern, up to eight a 32-bit one,
-/// so `&HFFFF` is -1. No value: not of this notation; not-a-number: too large.
+/// The digits behind `&H` or `&O`. A value of up to 16 bits is the pattern of a 16-bit number, a larger one
+/// that of a 32-bit number, so `&HFFFF` is -1. No value: not of this notation; not-a-number: too large.
 std::optional<double> NotationValue(StringView text) {
     const String lower = LowerAscii(text);
     if (lower.size() < 3 || lower[0] != u'&' || (lower[1] != u'h' && lower[1] != u'o'))

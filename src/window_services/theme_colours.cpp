@@ -40,7 +40,7 @@ class Walk {
     platform::OwnedTheme mTheme;
 };
 
-/// The only guarded call: its failure tells a system without the theme library.
+/// The first call is the only guarded one: its failure tells a system without the theme library.
 void AskForTheme() {
     gThemed = false;
     gThemeApiPresent = false;

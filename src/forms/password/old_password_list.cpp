@@ -73,7 +73,7 @@ bool frmPass::EndEditInTime() {
     bool focus_moved = false;
     while (!IsUnloaded() && chkSame.Value() == 0 && txtOldPass.Visible()) {
         Application::Current().DoEvents();
-        if (IsUnloaded() || chkSame.Value() != 0 || !txtOldPass.Visible() || !cmdCancel.CanTakeFocus())
+        if (IsUnloaded() || !cmdCancel.CanTakeFocus())
             break;
         if (std::fabs(platform::Timer() - start) > kPatience) {
             cmdCancel.SetFocus();

@@ -11,6 +11,8 @@
 #include "shell/program_state.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -22,6 +24,7 @@ using Numbers = Array<std::int16_t>;
 
 constexpr char16_t kLibraryPattern[] = u"*.loc"; ///< without a folder: in the current directory
 constexpr std::size_t kExtensionLength = 4;
+constexpr std::int32_t kFirstListed = 1; ///< index of the first number that the window lists
 
 /// 0 for a text that is no number of a language.
 std::int16_t NumberOf(StringView sText) {
@@ -40,11 +43,17 @@ void AddNumber(Numbers& numbers, std::int16_t number) {
     numbers[numbers.UpperBound()] = number;
 }
 
-/// What a library tells of itself, each number once and without the automatic choice; with its lower bound.
+/// What a library tells of itself, with its lower bound. Of what is listed each number stands once, and the
+/// automatic choice isn't there; what isn't listed keeps its place.
 Numbers Distinct(const Numbers& told) {
-    std::vector<std::int16_t> kept;
-    for (const std::int16_t number : told.Elements())
-        if (number != 0 && std::find(kept.begin(), kept.end(), number) == kept.end())
+    if (!told.HasStorage())
+        return told;
+    const std::vector<std::int16_t>& all = told.Elements();
+    const std::ptrdiff_t unlisted =
+        std::clamp<std::ptrdiff_t>(kFirstListed - std::ptrdiff_t{told.LowerBound()}, 0, std::ssize(all));
+    std::vector<std::int16_t> kept(all.begin(), all.begin() + unlisted);
+    for (const std::int16_t number : std::span(all).subspan(static_cast<std::size_t>(unlisted)))
+        if (number != 0 && std::find(kept.begin() + unlisted, kept.end(), number) == kept.end())
             kept.push_back(number);
     return kept.empty() ? Numbers() : Numbers(told.LowerBound(), std::move(kept));
 }
@@ -83,7 +92,7 @@ void Attempt(const Call& call) {
 
 void frmSettings::FillLanguages() {
     const Numbers numbers = GetLanguageList();
-    for (std::int32_t i = 1; i <= numbers.UpperBound(); ++i) {
+    for (std::int32_t i = kFirstListed; i <= numbers.UpperBound(); ++i) {
         cbLang.AddItem(GetLanguageName(numbers[i]));
         const int row = cbLang.NewIndex();
         cbLang.SetItemData(row, numbers[i]);

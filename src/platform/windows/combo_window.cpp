@@ -45,6 +45,13 @@ void ComboWindow::ShowFont() {
     FitHeight();
 }
 
+// The opened list is no child of the form; it asks the box.
+LRESULT ComboWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
+    if (message == WM_CTLCOLORLISTBOX)
+        return reinterpret_cast<LRESULT>(Colours(reinterpret_cast<HDC>(wide), message));
+    return RowWindow::Process(message, wide, parameter);
+}
+
 // The height that such a window is given is that of the open list; closed it takes its height from its font.
 // What its frame adds to the part with the choice differs with the system's style, so it is measured.
 void ComboWindow::FitHeight() const {

@@ -62,16 +62,13 @@ void EditWindow::Show(Property what) {
         return ShowMask();
     case Property::BorderStyle:
         return ShowBorder();
-    case Property::Locked:
-        Send(EM_SETREADONLY, Box().Locked());
-        return;
     default:
         return ControlWindow::Show(what);
     }
 }
 
 void EditWindow::ShowText() {
-    mHeldText.reset();
+    TakeHeldText();
     ::SetWindowTextW(Handle(), Wide(Box().Text()));
 }
 
@@ -144,12 +141,16 @@ bool EditWindow::CaretStandsAtEnd() const {
     return Box().SelLength() == 0 && Box().SelStart() == static_cast<int>(Box().Text().size());
 }
 
+String EditWindow::TakeHeldText() {
+    ::KillTimer(Handle(), kHeldTextTimer);
+    return std::exchange(mHeldText, std::nullopt).value_or(String());
+}
+
 void EditWindow::BringHeldTextIn() {
     if (!mHeldText)
         return;
     const Quiet quiet(*this);
-    const String text = *std::exchange(mHeldText, std::nullopt);
-    ::KillTimer(Handle(), kHeldTextTimer);
+    const String text = TakeHeldText();
     const DWORD start = ::GetTickCount();
     SendText(EM_REPLACESEL, FALSE, text);
     Send(EM_SCROLLCARET);

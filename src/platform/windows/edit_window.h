@@ -34,6 +34,7 @@ class EditWindow : public ControlWindow {
     String WindowText() const;
     bool CaretStandsAtEnd() const;
     void BringHeldTextIn();
+    String TakeHeldText();
 
     std::optional<String> mHeldText; ///< what the end of the text still lacks in the window
     Allowance mShowings;

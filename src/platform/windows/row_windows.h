@@ -75,6 +75,7 @@ class ComboWindow : public RowWindow {
 
   protected:
     void ShowFont() override;
+    LRESULT Process(UINT message, WPARAM wide, LPARAM parameter) override;
 
   private:
     void FitHeight() const;

@@ -42,7 +42,7 @@ class Application {
     /// close before its successor opens.
     void Run();
 
-    /// Unloads all forms, the last one first; for tests and for an end by error.
+    /// Unloads all forms, the last one first: at the end of the program.
     void UnloadAll();
 
   private:

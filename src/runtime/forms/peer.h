@@ -21,7 +21,6 @@ enum class Property {
     Selection,
     PasswordChar,
     BorderStyle,
-    Locked,
     Font,
     Colours,
     Value,

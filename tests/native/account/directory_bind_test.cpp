@@ -180,6 +180,18 @@ TEST_F(DirectoryError, OfTheSystemIsToldAsDescribedWhileNotDiagnosing) {
     EXPECT_EQ(Format(70), "message 15: 70, described");
 }
 
+TEST_F(DirectoryError, OfTheSystemHasItsWordsLookedUpWhetherDiagnosingOrNot) {
+    const Lines lookup{R"(FormatMessageW("4608", "0", "5"))"};
+    Format(0x80070005);
+    Format(70);
+    EXPECT_EQ(CallsOf({"FormatMessageW"}), lookup);
+    StartDiagnosing();
+    world.calls.Clear();
+    Format(0x80070005);
+    Format(70);
+    EXPECT_EQ(CallsOf({"FormatMessageW"}), lookup);
+}
+
 TEST_F(DirectoryError, IsNotLoggedByItself) {
     StartDiagnosing();
     Format(0x80070005);

@@ -169,6 +169,20 @@ TEST_F(RowEdit, AnEditOpensWithTheWholeStoredPasswordSelected) {
     EXPECT_EQ(InPlace().Text(), u"z");
 }
 
+TEST_F(RowEdit, AnEditOpensWithTheWholeTextSelectedWhereTheSingleModeHeldTheSame) {
+    OpenRows();
+    TypeOld(1, u"abcdef");
+    Leave();
+    ASSERT_TRUE(user.ClickOn(Same()));
+    TypeInto(u"txtOldPass", u"abcdef");
+    ASSERT_TRUE(user.ClickOn(Same()));
+    ASSERT_EQ(InPlace().Text(), u"abcdef");
+    Edit(1);
+    EXPECT_EQ(InPlace().Text(), u"abcdef");
+    EXPECT_EQ(InPlace().SelStart(), 0);
+    EXPECT_EQ(InPlace().SelLength(), 6);
+}
+
 TEST_F(RowEdit, LeavingTheBoxHidesItAndKeepsWhatWasTyped) {
     OpenRows();
     TypeOld(1, u"abc");

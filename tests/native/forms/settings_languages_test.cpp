@@ -207,6 +207,13 @@ TEST_F(SettingsLanguages, ALibraryThatCountsFromZeroLosesItsFirstLanguage) {
     EXPECT_EQ(Listed(), (Lines{" text 403=0", "German=1031"}));
 }
 
+TEST_F(SettingsLanguages, ALibraryThatCountsFromZeroKeepsTheOthersWhateverItsFirst) {
+    PutDefault({0, 1033, 1031}).first_index = 0;
+    EXPECT_EQ(Listed(), (Lines{" text 403=0", "English=1033", "German=1031"}));
+    PutDefault({1033, 1033, 1031, 1033, 0}).first_index = 0;
+    EXPECT_EQ(Listed(), (Lines{" text 403=0", "English=1033", "German=1031"}));
+}
+
 TEST_F(SettingsLanguages, TheDefaultLibraryIsLoadedApartAndPutAwayAgain) {
     PutDefault({1033});
     world.calls.Clear();

@@ -8,10 +8,10 @@ namespace kestrelmoor::tests {
 namespace {
 
 std::string NameOf(Property what) {
-    constexpr const char* kNames[] = {"Place",     "Visible",      "Enabled",     "Caption",  "Text",
-                                      "Selection", "PasswordChar", "BorderStyle", "Locked",   "Font",
-                                      "Colours",   "Value",        "ListIndex",   "TabStops", "Default",
-                                      "Interval",  "MousePointer", "ToolTip"};
+    constexpr const char* kNames[] = {"Place",        "Visible",      "Enabled",     "Caption", "Text",
+                                      "Selection",    "PasswordChar", "BorderStyle", "Font",    "Colours",
+                                      "Value",        "ListIndex",    "TabStops",    "Default", "Interval",
+                                      "MousePointer", "ToolTip"};
     return kNames[static_cast<std::size_t>(what)];
 }
 

@@ -1,6 +1,7 @@
 #include "platform/visual_style.h"
 
 #include "runtime/errors.h"
+#include "tests/form_model_shared/entry_form.h"
 #include "tests/windows/form_windows/pixels_shown.h"
 
 namespace kestrelmoor::tests {
@@ -135,6 +136,22 @@ TEST_F(FormColours, AreShownByTheFormAndItsFrames) {
     EXPECT_EQ(PixelsShown(WindowOf(form->fraGroup)).At(4, static_cast<int>(inside.bottom - frame.top) + 3),
               kTint);
     EXPECT_EQ(PixelsShown(WindowOf(*form)).InCorner(), kTint);
+}
+
+using DropDownColours = Shown<EntryForm>;
+
+// The opened list is a window of its own, beside the form.
+TEST_F(DropDownColours, AreThoseOfTheOpenedListToo) {
+    form->cbTongue.AddItem(u"Welsh");
+    form->cbTongue.SetBackColor(kTint);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(::GetComboBoxInfo(WindowOf(form->cbTongue), &parts));
+    ::SendMessageW(WindowOf(form->cbTongue), CB_SHOWDROPDOWN, TRUE, 0);
+    hand->Settle();
+    const COLORREF opened = PixelsShown(parts.hwndList).InCorner();
+    ::SendMessageW(WindowOf(form->cbTongue), CB_SHOWDROPDOWN, FALSE, 0);
+    EXPECT_EQ(opened, kTint);
 }
 
 TEST_F(FormColours, ReferencesFollowTheSystem) {
