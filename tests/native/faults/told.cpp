@@ -20,15 +20,20 @@ Lines Without(Lines a, const Lines& b) {
     return a;
 }
 
-/// Each line needs a pattern, and each pattern a line.
-std::string Against(const char* what, const Lines& lines, const Lines& told) {
+bool Equals(std::string_view told, std::string_view line) {
+    return told == line;
+}
+
+/// Each line has to be told, and each line told has to be there.
+std::string Against(const char* what, const Lines& lines, const Lines& told,
+                    bool (*fits)(std::string_view, std::string_view)) {
     std::string against;
     for (const std::string& line : lines)
-        if (std::ranges::none_of(told, [&](const std::string& pattern) { return Matches(pattern, line); }))
+        if (std::ranges::none_of(told, [&](const std::string& one) { return fits(one, line); }))
             against += std::string("  ") + what + ", and not told: " + line + "\n";
-    for (const std::string& pattern : told)
-        if (std::ranges::none_of(lines, [&](const std::string& line) { return Matches(pattern, line); }))
-            against += std::string("  told, and not ") + what + ": " + pattern + "\n";
+    for (const std::string& one : told)
+        if (std::ranges::none_of(lines, [&](const std::string& line) { return fits(one, line); }))
+            against += std::string("  told, and not ") + what + ": " + one + "\n";
     return against;
 }
 
@@ -93,7 +98,7 @@ Lines::const_iterator Find(const std::string& pattern, Lines::const_iterator fro
     return std::find_if(from, lines.end(), [&](const std::string& line) { return Matches(pattern, line); });
 }
 
-/// The log with those parts in place of its lines; they are patterns.
+/// The log with those parts in place of its lines.
 Lines WithParts(const std::vector<LogPart>& parts, const Lines& log, std::size_t failed_at) {
     Lines told;
     auto at = log.begin();
@@ -109,12 +114,12 @@ Lines WithParts(const std::vector<LogPart>& parts, const Lines& log, std::size_t
 }
 
 std::string AgainstLog(const Lines& told, const Lines& log) {
-    const auto [pattern, line] = std::mismatch(told.begin(), told.end(), log.begin(), log.end(), Matches);
-    if (pattern == told.end() && line == log.end())
+    const auto [one, line] = std::mismatch(told.begin(), told.end(), log.begin(), log.end());
+    if (one == told.end() && line == log.end())
         return {};
     return "  line " + std::to_string(line - log.begin() + 1) + " of the log is " +
-           (line == log.end() ? "not there" : *line) +
-           "\n    told: " + (pattern == told.end() ? "none" : *pattern) + "\n";
+           (line == log.end() ? "not there" : *line) + "\n    told: " + (one == told.end() ? "none" : *one) +
+           "\n";
 }
 
 } // namespace
@@ -134,10 +139,10 @@ std::string Told::Against(const Outcome& base, const Outcome& outcome, const Sce
         left = Unseen(stops, left);
     std::string against;
     if (!only.empty())
-        against = Against("shown", outcome.lines, only);
+        against = Against("shown", outcome.lines, only, Equals);
     else
-        against = Against("gone", Without(left.lines, outcome.lines), gone) +
-                  Against("more", Without(outcome.lines, left.lines), more);
+        against = Against("gone", Without(left.lines, outcome.lines), gone, Matches) +
+                  Against("more", Without(outcome.lines, left.lines), more, Equals);
     if (scenario.IsLogged())
         against += AgainstLog(WithParts(log, left.log, LoggedBy(place, *base.calls)), outcome.log);
     return against + AgainstHandles(outcome, scenario);

@@ -18,12 +18,14 @@ struct LogPart {
     std::vector<std::string> lines;
 };
 
-/// What a run with a fault is told to show, against the run without: patterns of lines, in which * stands for
-/// any text. Every line that goes or comes has to be told, and every pattern told needs a line. With `only`
-/// the whole outcome is told in place of a difference. Two things make lines go without being told one by
-/// one: a call that ends the run, and a person who can't go on. The log has its lines in this order.
+/// What a run with a fault is told to show, against the run without: the lines that come, word by word, and
+/// patterns of those that go. Every line that goes or comes has to be told, and everything told needs a line.
+/// With `only` the whole outcome is told in place of a difference. Two things make lines go without being
+/// told one by one: a call that ends the run, and a person who can't go on. The log has its lines in this
+/// order.
 struct Told {
-    std::vector<std::string> only, gone, more;
+    std::vector<std::string> only, more;
+    std::vector<std::string> gone; ///< patterns
     std::string stops; ///< a pattern: from the first line on that fits it nothing is seen any more
     std::vector<LogPart> log;
     std::size_t place = 0; ///< of the failed call

@@ -16,6 +16,12 @@ using Lines = std::vector<std::string>;
 
 constexpr char kNoWords[] = "Error: No text was found for a system error. The search failed with error 317.";
 
+constexpr std::uint32_t kFirstNetworkCode = 2100;
+
+bool IsComResult(std::uint32_t code) {
+    return (code & 0xFFFF0000U) == 0x80070000U;
+}
+
 /// One text or a list of them.
 bool Names(const json& names, const std::string& name) {
     if (names.is_string())
@@ -187,9 +193,27 @@ std::optional<std::size_t> ToldTable::RuleFor(const Cell& cell) const {
     return static_cast<std::size_t>(found - rules.begin());
 }
 
+/// What the system says of a code, or of the one within a COM result; nothing for those without words.
+std::string ToldTable::WordsFor(std::uint32_t code) const {
+    const json& words = mTable.at("words");
+    const auto found = words.find(std::to_string(IsComResult(code) ? code & 0xFFFFU : code));
+    return found == words.end() ? std::string() : found->get<std::string>();
+}
+
+/// How the user is told that a call has failed. The one that is not diagnosing reads of the directory what
+/// came with its failure, which knows no codes of the network.
+std::string ToldTable::FailureOf(const Cell& cell) const {
+    if (cell.scenario->IsLogged())
+        return "{call} failed with error {number}: {words}";
+    const bool described = !IsComResult(cell.code) || (cell.code & 0xFFFFU) < kFirstNetworkCode;
+    return described ? "Error {number}: {words}" : "Error {number}: Automation error";
+}
+
 std::string ToldTable::Filled(std::string pattern, const Cell& cell) const {
     const practice::Call& call = cell.Call();
     const auto number = ErrorNumberOfComResult(static_cast<std::int32_t>(cell.code));
+    ReplaceAll(pattern, "{failure}", FailureOf(cell));
+    ReplaceAll(pattern, "{words}", WordsFor(cell.code));
     ReplaceAll(pattern, "{call}", call.name);
     ReplaceAll(pattern, "{code}", std::to_string(cell.code));
     ReplaceAll(pattern, "{number}", std::to_string(number));
@@ -235,8 +259,8 @@ Told ToldTable::Read(const json& outcome, const Cell& cell) const {
         return Patterns(outcome.value(name, json::array()), cell);
     };
     const Told told{patterns("only"),
-                    patterns("gone"),
                     patterns("more"),
+                    patterns("gone"),
                     outcome.value("stops", ""),
                     LogParts(outcome, cell),
                     cell.place,

@@ -30,9 +30,10 @@ struct Cell {
 /// calls of the run that fit so far), `previous` and `next` (names of the calls around it; log lines and
 /// calls that answer nothing don't count for the next one), `scenario` and `code` (codes, or the name of
 /// one of the `groups`). An outcome has the members of Told, under the same names. In texts stand {call},
-/// {code}, {number} (the run-time's number of a COM result), {argument} (the first one), and of the call's
-/// target {row}, {phrase} and {password}; "@NAME" stands for the patterns of a list. For the codes in the
-/// group "without words" the system has no text.
+/// {code}, {number} (the run-time's number of a COM result), {words} (the system's, from the list `words`),
+/// {failure} (how a failed call is told to the user), {argument} (the first one), and of the call's target
+/// {row}, {phrase} and {password}; "@NAME" stands for the lines of a list. For the codes in the group
+/// "without words" the system has no text.
 ///
 /// A rule of `pairs` fits two faults, with `nth` and `second_nth` among the calls of that name, and `where`
 /// in the second one. It has an outcome of its own, or one of these names:
@@ -79,6 +80,8 @@ class ToldTable {
     Told Read(const nlohmann::json& outcome, const Cell& cell) const;
     std::vector<std::string> Patterns(const nlohmann::json& patterns, const Cell& cell) const;
     std::string Filled(std::string pattern, const Cell& cell) const;
+    std::string WordsFor(std::uint32_t code) const;
+    std::string FailureOf(const Cell& cell) const;
 
     nlohmann::json mTable;
 };
