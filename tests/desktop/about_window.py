@@ -13,7 +13,7 @@ ADDRESS = "https://kestrelmoor.example/home"
 TIP = "Click to open the Author's Home Page in Internet"
 HELP_FILE = "Help-1033.html"
 OPENED = "opened.txt"
-"""In the work folder: what was opened last, where `watch_openings` has been called."""
+"""In the work folder: what was opened, a line each, where `watch_openings` has been called."""
 
 HOT_LIGHT, GRAY_TEXT = 26, 17
 TIP_CLASS = "tooltips_class32"
@@ -21,7 +21,7 @@ TIP_CLASS = "tooltips_class32"
 
 def watch_openings(desktop):
     """From now on a web page or a help page that is opened leaves its name in a file."""
-    command = "C:\\windows\\system32\\cmd.exe /c echo %1>" + desktop.windows_path(desktop.work / OPENED)
+    command = "C:\\windows\\system32\\cmd.exe /c echo %1>>" + desktop.windows_path(desktop.work / OPENED)
     desktop.write_registry("HKCR\\.html", "", "watchedpage")
     for kind in ("watchedpage", "https"):
         desktop.write_registry("HKCR\\%s\\shell\\open\\command" % kind, "", command)
@@ -29,9 +29,10 @@ def watch_openings(desktop):
 
 
 def opened(desktop):
-    """The name of what was opened last; "" for nothing yet."""
+    """The names of all that was opened, a line each; "" for nothing yet."""
     path = desktop.work / OPENED
-    return path.read_text(encoding="utf-8").strip().strip('"') if path.exists() else ""
+    lines = path.read_text(encoding="utf-8").splitlines() if path.exists() else []
+    return "\n".join(line.strip().strip('"') for line in lines)
 
 
 def forget_openings(desktop):

@@ -103,8 +103,14 @@ class WithoutAHelpFile(AboutCase):
         return SettingsWindow(self.desktop, program=program_folder(self.desktop, **{HELP_FILE.replace(".", "_"): None}))
 
     def test_help_is_off_without_a_help_file_and_escape_closes(self):
+        watch_openings(self.desktop)
+        forget_openings(self.desktop)
         self.assertFalse(self.about.control(HELP).enabled)
         self.desktop.press("F1")
+        self.desktop.click(self.about.control(WEB))
+        wait_until(lambda: opened(self.desktop), "the web page opened behind the key")
+        self.assertEqual(opened(self.desktop), ADDRESS)
+        self.desktop.click(self.about.control(LEGAL_NOTICE))
         self.desktop.press("Escape")
         self.about.wait_closed()
         self.assertIsNotNone(self.desktop.window(self.settings.window))

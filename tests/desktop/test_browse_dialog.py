@@ -47,7 +47,7 @@ class Browse(DesktopCase):
                      if control.class_name == "Edit" and control.parent == self.browse_button().parent)
         self.assertEqual("", self.desktop.text(entry))
 
-    def test_no_handle_is_left_behind(self):
+    def test_no_window_and_no_drawing_object_is_left_behind(self):
         dialog = self.open_dialog()
         dialog.cancel()
         self.desktop.click(self.browse_button())

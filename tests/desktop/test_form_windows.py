@@ -3,9 +3,12 @@
 import unittest
 
 from desktop import OUT, Desktop
+from test_visual_style import TEST as WITHOUT_THE_LIBRARY
 from test_windows_platform import run_program
 
 PROGRAM = OUT / "windows" / "tests" / "form_model_tests.exe"
+ALL = "*-" + WITHOUT_THE_LIBRARY
+"""That one is run by itself."""
 
 
 class FormWindows(unittest.TestCase):
@@ -18,10 +21,10 @@ class FormWindows(unittest.TestCase):
                 self.assertEqual([], failures)
 
     def test_forms_do_on_real_windows_what_the_model_says(self):
-        self.check(96, "*", 180)
+        self.check(96, ALL, 180)
 
     def test_the_same_at_one_and_a_half_times_the_resolution(self):
-        self.check(144, "*", 180)
+        self.check(144, ALL, 180)
 
     def test_places_and_fonts_are_exact_at_120_dots_per_inch(self):
         self.check(120, "FormPlaces.*:FormMarks.*:FormParts.*", 25)

@@ -2,7 +2,7 @@
 
 import unittest
 
-from desktop_case import DesktopCase
+from desktop_case import DesktopCase, run_at
 from password_window import (
     CANCEL, CONFIRM, NEW, NEW_LABEL, OK, OLD, OLD_LABEL, SAME, SETTINGS_BUTTON, STAND_INS, STATUS, TARGETS, TITLE,
     TITLE_AFTER, USER, USER_LABEL, WAIT, PasswordWindow, targets,
@@ -212,9 +212,7 @@ class Resolutions(unittest.TestCase):
                 self.picture("after-run-%d" % dpi, window.window)
                 self.assertEqual(self.desktop.layout_faults(window.window), [])
 
-        result = unittest.TestResult()
-        unittest.TestSuite([AtResolution()]).run(result)
-        self.assertEqual([text for _, text in result.errors + result.failures], [])
+        run_at(self, AtResolution())
 
     def test_120_dots_per_inch(self):
         self.look_at(120, (431, 231))

@@ -10,7 +10,7 @@ PROGRAMS = OUT / "windows" / "tests"
 
 
 def run_program(desktop, program):
-    """Runs a GoogleTest program. Gives {test: list of failures, None for a skipped test}."""
+    """Runs a GoogleTest program. Gives {test: list of failures, None for a test that was skipped or left out}."""
     report = desktop.work / "report.json"
     # Its words must not get among the driver's own.
     done = desktop.start("C:\\windows\\system32\\cmd.exe", '/c ""%s" --gtest_output=json:%s >NUL 2>&1"' % (
@@ -23,7 +23,7 @@ def run_program(desktop, program):
         for test in suite["testsuite"]:
             failures = [entry["failure"] for entry in test.get("failures", [])]
             name = "%s.%s" % (suite["name"], test["name"])
-            results[name] = None if test["result"] == "SKIPPED" else failures
+            results[name] = failures if test["result"] == "COMPLETED" else None
     return results
 
 

@@ -145,7 +145,7 @@ class BrokenOff(BadNetwork):
         self.assert_succeeded(paragraphs[1], SERVER, self.network.server)
         self.assert_failed(paragraphs[2], DOMAIN, CHANGE_FAILED % 64)
         self.assert_changed(self.network.controller, self.new)
-        for paragraph, target in zip(self.run_again(), (LOCAL, SERVER, DOMAIN)):
+        for paragraph, target in zip(self.run_again(), (LOCAL, SERVER, DOMAIN), strict=True):
             self.assert_failed(paragraph, target, CHANGE_FAILED % 86)
         self.assertEqual(self.desktop.session_endings(), 0)
 

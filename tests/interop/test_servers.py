@@ -160,7 +160,7 @@ class Lookups(BridgeCase):
                 self.assertEqual((info["code"], info["flags"], info["password_expired"]), (0, 0x201, 0))
                 self.assertLess(info["password_age"], 300)
 
-    def test_password_grown_too_old_is_told_as_expired(self):
+    def test_password_that_must_be_changed_is_told_as_expired(self):
         for server in (self.network.controller, self.network.server):
             with self.subTest(server.name):
                 server.require_change(USER)

@@ -155,7 +155,7 @@ class WithoutABridge(unittest.TestCase):
 class NetworkTexts(unittest.TestCase):
     def test_every_network_code_that_is_met_has_a_text_that_ends_a_line_and_fits_the_buffer(self):
         codes = [2138, 2203, 2221, 2226, 2242, 2243, 2244, 2245, 2246, 2351, 2453]
-        for code, answer in zip(codes, probe([("Message", str(code)) for code in codes])):
+        for code, answer in zip(codes, probe([("Message", str(code)) for code in codes]), strict=True):
             with self.subTest(code):
                 self.assertEqual(answer[0], "ended")
                 self.assertRegex(answer[1], r"^[A-Z].{15,250}\.$")

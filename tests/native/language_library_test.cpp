@@ -187,7 +187,9 @@ TEST_F(LanguageLibrary, EndsLinesAsThePlatformDoes) {
     for (const char16_t* option : {u"\r\n/f\t", u"\r\n/d file\t", u"\r\n/l code\t", u"\r\n/?\t"}) {
         EXPECT_NE(usage.find(option), std::u16string::npos);
     }
-    EXPECT_EQ(TextOf(10).find(u"\r\n\r\n%1\r\n\r\n"), TextOf(10).find(u'\r'));
+    const std::u16string bad_token = TextOf(10);
+    ASSERT_NE(bad_token.find(u'\r'), std::u16string::npos);
+    EXPECT_EQ(bad_token.find(u"\r\n\r\n%1\r\n\r\n"), bad_token.find(u'\r'));
 }
 
 TEST_F(LanguageLibrary, TextsCarryTheirLengthAndEndWithANul) {

@@ -179,6 +179,7 @@ TEST_F(Secrets, LeaveNoTraceInTheOtherMode) {
     Same().SetValue(0);
     ExpectNoTrace();
     ClickOk();
+    EXPECT_EQ(ChangedServers().size(), 3U);
     ExpectNoTrace();
 }
 

@@ -21,6 +21,7 @@ struct StartOfExploration {
     std::function<void(practice::World&)> prepare; ///< changes the stock world
     std::vector<UserAction> prefix{};              ///< what leads to the window that is explored
     String explored;                               ///< the form; of others only the ways back are tried
+    std::size_t states;                            ///< that there are at least, as deep as it goes
     std::size_t depth = 3;                         ///< in inputs, where no other is asked for
     std::vector<int> answers{};                    ///< to the first boxes, as buttons
 };

@@ -20,21 +20,30 @@ Lines Without(Lines a, const Lines& b) {
     return a;
 }
 
-bool Equals(std::string_view told, std::string_view line) {
-    return told == line;
+std::string Complaints(const std::string& complaint, const Lines& lines) {
+    std::string complaints;
+    for (const std::string& line : lines)
+        complaints += "  " + complaint + ": " + line + "\n";
+    return complaints;
 }
 
-/// Each line has to be told, and each line told has to be there.
-std::string Against(const char* what, const Lines& lines, const Lines& told,
-                    bool (*fits)(std::string_view, std::string_view)) {
-    std::string against;
-    for (const std::string& line : lines)
-        if (std::ranges::none_of(told, [&](const std::string& one) { return fits(one, line); }))
-            against += std::string("  ") + what + ", and not told: " + line + "\n";
-    for (const std::string& one : told)
-        if (std::ranges::none_of(lines, [&](const std::string& line) { return fits(one, line); }))
-            against += std::string("  told, and not ") + what + ": " + one + "\n";
-    return against;
+/// Each line has to be told as often as it comes.
+std::string Against(const std::string& what, const Lines& lines, const Lines& told) {
+    return Complaints(what + ", and not told", Without(lines, told)) +
+           Complaints("told, and not " + what, Without(told, lines));
+}
+
+/// Each line that goes needs a pattern, and each pattern a line.
+std::string AgainstGone(const Lines& lines, const Lines& told) {
+    Lines unneeded = told;
+    Lines untold = lines;
+    std::erase_if(untold, [&](const std::string& line) {
+        return std::ranges::any_of(told, [&](const std::string& pattern) { return Matches(pattern, line); });
+    });
+    std::erase_if(unneeded, [&](const std::string& pattern) {
+        return std::ranges::any_of(lines, [&](const std::string& line) { return Matches(pattern, line); });
+    });
+    return Complaints("gone, and not told", untold) + Complaints("told, and not gone", unneeded);
 }
 
 /// The place of the nth call with one of these names.
@@ -139,10 +148,10 @@ std::string Told::Against(const Outcome& base, const Outcome& outcome, const Sce
         left = Unseen(stops, left);
     std::string against;
     if (!only.empty())
-        against = Against("shown", outcome.lines, only, Equals);
+        against = Against("shown", outcome.lines, only);
     else
-        against = Against("gone", Without(left.lines, outcome.lines), gone, Matches) +
-                  Against("more", Without(outcome.lines, left.lines), more, Equals);
+        against = AgainstGone(Without(left.lines, outcome.lines), gone) +
+                  Against("more", Without(outcome.lines, left.lines), more);
     if (scenario.IsLogged())
         against += AgainstLog(WithParts(log, left.log, LoggedBy(place, *base.calls)), outcome.log);
     return against + AgainstHandles(outcome, scenario);

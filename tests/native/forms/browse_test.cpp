@@ -13,8 +13,14 @@ class Browse : public BrowseNetwork {
     /// What the browse gives when a person does this in its dialog.
     template <class Person>
     std::string Pick(Person person) {
-        world.browser.Next(person);
-        return ToUtf8(BrowseForComputer(kBrowseOwner, kPrompt));
+        bool came = false;
+        world.browser.Next([&](BrowseDialog& dialog) {
+            came = true;
+            person(dialog);
+        });
+        const std::string picked = ToUtf8(BrowseForComputer(kBrowseOwner, kPrompt));
+        EXPECT_TRUE(came) << "no dialog";
+        return picked;
     }
     std::string PickOf(const StringList& names) {
         return Pick([&](BrowseDialog& dialog) {

@@ -70,8 +70,13 @@ class ComputerEntry : public ProgramTest {
     /// A click on the button, with a person who does this in the dialog.
     template <class Person>
     void Browse(Person person) {
-        world.browser.Next(person);
+        bool came = false;
+        world.browser.Next([&](BrowseDialog& dialog) {
+            came = true;
+            person(dialog);
+        });
         ASSERT_TRUE(user.ClickOn(button));
+        EXPECT_TRUE(came) << "no dialog";
     }
 
     practice::User user;

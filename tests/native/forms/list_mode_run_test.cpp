@@ -106,6 +106,7 @@ TEST_F(ListModeRun, ASecondClickWhilePumpingIsNoSecondRun) {
     for (const int pump : {1, 2, 3, 4})
         world.actions.Queue([this] { EXPECT_FALSE(user.ClickOn(At(u"cmdOK"))); }, pump);
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_EQ(ChangedServers().size(), 3U);
 }
 

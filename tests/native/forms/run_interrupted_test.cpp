@@ -115,6 +115,7 @@ TEST_F(RunInterrupted, AClickThatReachesTheHandlerOfADisabledOkDoesNothing) {
     for (const int nth : {1, 3})
         AtPump(nth, [this] { At(u"cmdOK").Click(); });
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_EQ(ChangedServers(), (Lines{"\\\\WORKBENCH", "\\\\ARCHIVE", "\\\\DC1"}));
     EXPECT_TRUE(form->IsLoaded());
 }
@@ -126,6 +127,7 @@ TEST_F(RunInterrupted, EnterAndEscapeDoNothingDuringTheRun) {
             user.Press(key::kEscape);
         });
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(ChangedServers(), (Lines{"\\\\WORKBENCH", "\\\\ARCHIVE", "\\\\DC1"}));
 }
@@ -144,6 +146,7 @@ TEST_F(RunInterrupted, TheStatusBoxCanBeReadButNotTypedIn) {
         Box(u"txtStatus").SetSelStart(3);
     });
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_EQ(Status().find("scribble"), std::string::npos);
     EXPECT_TRUE(Status().starts_with(" This computer: The password has been changed.\r\n\r\n"
                                      "\\\\ARCHIVE: The password has been changed.\r\n\r\nPRACTICE"));
@@ -155,6 +158,7 @@ TEST_F(RunInterrupted, WhatTheUserSelectsInTheStatusBoxIsNotOverwritten) {
         Box(u"txtStatus").SetSelLength(10);
     });
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_TRUE(Status().starts_with(" This computer: The password has been changed.\r\n\r\n\\\\ARCHIVE"));
 }
 
@@ -164,6 +168,7 @@ TEST_F(RunInterrupted, AChangeOfTheCuesDoesNotDisturbTheRun) {
         form->ICue_UnCue();
     });
     ClickOk();
+    EXPECT_TRUE(world.actions.Empty());
     EXPECT_EQ(form->Caption(), u"Password Change Results");
     EXPECT_EQ(ChangedServers().size(), 3U);
 }

@@ -98,7 +98,7 @@ TEST_F(RunLayout, AfterTheRunControlsAreEnabledAsTheyWereButForOk) {
                                         "lblWait", "cmdSettings", "cmdCancel"}));
 }
 
-TEST_F(RunLayout, AKeyDuringARunWithHiddenCuesBlanksTheWaitLabel) {
+TEST_F(RunLayout, CuesThatComeDuringARunBlankTheWaitLabel) {
     std::string caption = "not reached";
     AtPasswordCall(1, [&] {
         form->ICue_Cue();

@@ -34,8 +34,10 @@ TEST_F(WayBack, IsANewWindow) {
 
 TEST_F(WayBack, LeadsThroughTheWatchUnlessTheWindowWasAskedFor) {
     gForceWindow = false;
+    world.calls.Clear();
     ClickOk();
     ASSERT_NE(Successor(), nullptr);
+    EXPECT_EQ(world.calls.Count("NetUserGetInfo"), 2U) << "each target is asked";
     EXPECT_EQ(Boxes(), std::vector<ShownBox>{});
 }
 
@@ -133,6 +135,7 @@ TEST_F(WayBack, ASecondClickWhileItPumpsMakesNoSecondWindow) {
         world.actions.Queue([this] { EXPECT_FALSE(user.ClickOn(At(u"cmdOK"))); }, pump);
     ClickOk();
     EXPECT_NE(Successor(), nullptr);
+    EXPECT_TRUE(world.actions.Empty());
 }
 
 TEST_F(WayBack, TheEventLoopGoesOnFromTheOldWindowToTheNew) {

@@ -33,6 +33,8 @@ void CheckHooks(Findings& found) {
     found.Expect(gPassFormCount == (window ? 1 : 0), "password windows are counted");
     if (!window || gKeyboardCues)
         found.Expect(gKeyboardHook == 0 && gMouseHook == 0, "no hook without need");
+    else
+        found.Expect(gKeyboardHook != 0 && gMouseHook != 0, "the hooks of the cues");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "tests/native/rules/window_rules.h"
 
+#include "forms/about/frmAbout.h"
 #include "forms/settings/frmSettings.h"
 #include "localization/language_resolution.h"
 #include "tests/native/forms/password_rows.h"
@@ -7,6 +8,7 @@
 #include "tests/native/support/accounts_of.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrelmoor::tests {
 
@@ -221,6 +223,26 @@ TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
     window.Get<CheckBox>(u"chkRemind").SetValue(gAutoStart ? 0 : 1);
     window.Find(u"cmdOK").SetEnabled(false);
     ExpectComplaint("a change enables OK");
+}
+
+TEST_F(RulesOfTheWindows, SeeAHookOfTheCuesThatIsMissing) {
+    Open();
+    ExpectSilence();
+    const auto hook = std::exchange(gMouseHook, 0);
+    ExpectComplaint("the hooks of the cues");
+    gMouseHook = hook;
+}
+
+TEST_F(RulesOfTheWindows, SeeHelpOfferedWithoutAHelpFile) {
+    OpenSettings();
+    const auto about = Application::Current().Make<frmAbout>();
+    about->Show();
+    const Lines before = rules.Look();
+    EXPECT_TRUE(
+        std::ranges::none_of(before, [](const std::string& rule) { return rule.starts_with("help"); }));
+    Control& help = about->Find(u"cmdHelp");
+    help.SetEnabled(!help.Enabled());
+    ExpectComplaint("help where there is a help file");
 }
 
 TEST_F(RulesOfTheWindows, SeeASettingThatChangesAheadOfOk) {

@@ -4,6 +4,7 @@
 #include "shell/Main.h"
 #include "tests/native/secrets/secrets.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace kestrelmoor::tests {
@@ -70,6 +71,7 @@ TEST_F(SecretsMeanwhile, LeaveNoTraceInTheBoxOfAnErrorThatEndsTheProgram) {
         search.LookAt("title of the last box", box.title);
         if (!search.Found().empty())
             std::_Exit(kFound);
+        std::fputs("searched\n", stderr);
     };
     const auto end = [this] {
         try {
@@ -78,7 +80,7 @@ TEST_F(SecretsMeanwhile, LeaveNoTraceInTheBoxOfAnErrorThatEndsTheProgram) {
             platform::EndByError(error);
         }
     };
-    EXPECT_EXIT(end(), testing::ExitedWithCode(1), "Run-time error 453");
+    EXPECT_EXIT(end(), testing::ExitedWithCode(1), "searched\nRun-time error 453");
 }
 
 TEST_F(SecretsMeanwhile, LeaveNoTraceWhileTheSettingsAreOpenAndSaved) {

@@ -181,6 +181,14 @@ TEST_F(Settings, AServerListThatIsNotThereLeavesTheOneInMemory) {
     EXPECT_EQ(gActiveBits, Array<std::uint8_t>(1, {0, 0}));
 }
 
+TEST_F(Settings, AServerListOfAnotherKindLeavesTheOneInMemory) {
+    SetServers();
+    Put(u"Servers", kString, practice::TextData(u"\\\\SPARE"));
+    LoadSettings();
+    EXPECT_EQ(gServerCount, 2);
+    EXPECT_EQ(gServers, Array<String>(1, {u"\\\\ARCHIVE", u"PRACTICE"}));
+}
+
 TEST_F(Settings, AKeyThatCannotBeOpenedGivesDefaultsAndLeavesTheServers) {
     SetServers();
     RunKey().Set(u"Kestrelmoor", kString, practice::TextData(u"x"));

@@ -181,12 +181,15 @@ TEST_F(Evaluation, TheTitleIsMessage14WhereAnyIsExpired) {
     Expire(u"\\\\ARCHIVE");
     EXPECT_EQ(Evaluate(), 2);
     EXPECT_EQ(title, u"message 14");
+    title = u"untouched";
     LetExpire(u"\\\\ANNEX");
     EXPECT_EQ(Evaluate(), 3);
     EXPECT_EQ(title, u"message 14");
+    title = u"untouched";
     RefuseNth(2);
     EXPECT_EQ(Evaluate(), 7);
     EXPECT_EQ(title, u"message 14");
+    title = u"untouched";
     AccountAt(u"\\\\ANNEX").disabled = true;
     RefuseNth(2);
     EXPECT_EQ(Evaluate(), 6);
@@ -197,6 +200,7 @@ TEST_F(Evaluation, TheTitleIsMessage20WhereAnyIsInvalidAndNoneExpired) {
     RefuseNth(1);
     EXPECT_EQ(Evaluate(), 4);
     EXPECT_EQ(title, u"message 20");
+    title = u"untouched";
     LetExpire(u"\\\\ANNEX");
     RefuseNth(1);
     EXPECT_EQ(Evaluate(), 5);
