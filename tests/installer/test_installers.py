@@ -167,6 +167,8 @@ class Signing(InstallerCase):
         script.chmod(0o755)
         build(self.program, self.folder / "out", SIGN_COMMAND=str(script), **self.variables)
         self.assertTrue(self.is_signed(kept))
+        made = next((self.folder / "out").glob("*.exe"))
+        self.assertNotEqual(kept.read_bytes(), made.read_bytes(), "that is the set-up program")
 
 
 if __name__ == "__main__":

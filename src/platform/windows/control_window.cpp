@@ -10,6 +10,7 @@
 #include "runtime/forms/form.h"
 
 #include <climits>
+#include <string_view>
 
 namespace kestrelmoor::platform {
 
@@ -54,7 +55,7 @@ int ButtonOf(UINT message) {
 } // namespace
 
 ControlWindow::ControlWindow(FormWindow& form, Control& control, const WindowKind& kind)
-    : mForm(form), mControl(control) {
+    : mForm(form), mControl(control), mIsStatic(std::wstring_view(kind.window_class) == L"STATIC") {
     const RECT place = PixelPlace(control);
     const auto identifier = static_cast<UINT_PTR>(kFirstIdentifier + control.TabIndex());
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | StateStyle(control);
@@ -122,6 +123,9 @@ LRESULT ControlWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     }
     if (message == WM_SETCURSOR && LOWORD(parameter) == HTCLIENT && ShowPointer())
         return TRUE;
+    // Since Windows Vista such a window would put its text on the clipboard, in place of what is there.
+    if (message == WM_LBUTTONDBLCLK && mIsStatic)
+        return 0;
     const HWND window = mWindow;
     mForm.Tips().Hear(mWindow, message, wide, parameter);
     ReportMouse(message, wide, parameter);

@@ -81,6 +81,7 @@ class ControlWindow : public ControlPeer {
 
     FormWindow& mForm;
     Control& mControl;
+    bool mIsStatic; ///< of the system's class for labels
     HWND mWindow = nullptr;
     WNDPROC mOriginal = nullptr;
     int mQuiet = 0;

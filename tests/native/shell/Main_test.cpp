@@ -290,6 +290,12 @@ TEST_F(StartUp, AStartThatEndsInSilenceLogsWhatItAskedOfEachTarget) {
                      "Information: Seconds before password expiration = 4752600"}));
 }
 
+TEST_F(StartUp, NoLogIsOpenedWithoutTheSwitch) {
+    Start(u"");
+    EXPECT_EQ(world.calls.Count("NetUserGetInfo"), 3U) << "the start went on to its end";
+    EXPECT_EQ(world.calls.Count("OpenForAppending"), 0U);
+}
+
 TEST_F(StartUp, TheLogHasTheNameOfTheCommandLine) {
     Start(u"/d \"C:\\Users\\user\\my log.txt\"");
     EXPECT_EQ(LinesOf(u"C:\\Users\\user\\my log.txt").at(0), "Information: text 18");

@@ -30,6 +30,28 @@ TEST_F(FormWindows, AreRealWindowsOfTheSystemsClasses) {
     EXPECT_EQ(ClassOf(WindowOf(form->cmdOK)), u"Button");
 }
 
+WNDPROC former_procedure = nullptr;
+int double_clicks = 0;
+
+LRESULT CALLBACK CountDoubleClicks(HWND window, UINT message, WPARAM wide, LPARAM parameter) {
+    if (message == WM_COMMAND && HIWORD(wide) == STN_DBLCLK)
+        ++double_clicks;
+    return ::CallWindowProcW(former_procedure, window, message, wide, parameter);
+}
+
+// Where the class of a label hears of a double click, newer systems let it overwrite the clipboard.
+TEST_F(FormWindows, OfLabelsKeepADoubleClickFromTheirClass) {
+    const HWND window = WindowOf(*form);
+    double_clicks = 0;
+    former_procedure = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongW(window, GWL_WNDPROC, reinterpret_cast<LONG>(&CountDoubleClicks)));
+    ::SendMessageW(window, WM_COMMAND, MAKEWPARAM(100, STN_DBLCLK), 0);
+    EXPECT_EQ(double_clicks, 1) << "they are counted";
+    ::SendMessageW(WindowOf(form->Find(u"lblFirst")), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(3, 3));
+    EXPECT_EQ(double_clicks, 1);
+    ::SetWindowLongW(window, GWL_WNDPROC, reinterpret_cast<LONG>(former_procedure));
+}
+
 TEST_F(FormWindows, HaveIdentifiersThatFollowTheTabOrder) {
     EXPECT_EQ(::GetDlgCtrlID(WindowOf(form->Find(u"lblFirst"))), 100);
     EXPECT_EQ(::GetDlgCtrlID(WindowOf(form->txtInside)), 106);
