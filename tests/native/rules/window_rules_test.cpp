@@ -228,6 +228,7 @@ TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
 TEST_F(RulesOfTheWindows, SeeAHookOfTheCuesThatIsMissing) {
     Open();
     ExpectSilence();
+    world.calls.Clear();
     const auto hook = std::exchange(gMouseHook, 0);
     ExpectComplaint("the hooks of the cues");
     gMouseHook = hook;
