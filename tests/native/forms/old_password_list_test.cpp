@@ -247,6 +247,19 @@ TEST_F(OldPasswordList, AfterMoreThanASecondTheEditIsEndedAndTheListTakesTheFocu
     EXPECT_EQ(InPlace().Text(), u"abc");
 }
 
+TEST_F(OldPasswordList, AnEditThatEndsByItselfInASecondLongWaitMovesTheFocusAllTheSame) {
+    OpenRows();
+    TypeOld(0, u"abc");
+    RemoveUnderAnEdit(
+        [this] {
+            Leave();
+            world.clock.Advance(2 * practice::kSecond);
+        },
+        1);
+    EXPECT_EQ(Rows(), (Lines{Masked(" This computer", 3), Masked("PRACTICE")}));
+    EXPECT_EQ(form->ActiveControl(), &InPlace()) << "the list takes the focus behind the button";
+}
+
 TEST_F(OldPasswordList, MidnightDoesNotHoldUpAnEditForADay) {
     OpenRows();
     world.clock.Set(world.clock.Now() / practice::kDay * practice::kDay + practice::kDay - 50);
