@@ -32,6 +32,11 @@ BoundLibrary& Kernel32() {
     return library;
 }
 
+BoundLibrary& User32() {
+    static BoundLibrary library{L"user32.dll"};
+    return library;
+}
+
 BoundLibrary& Ole32() {
     static BoundLibrary library{L"ole32.dll"};
     return library;

@@ -60,6 +60,7 @@ BoundLibrary& Kernel32();
 BoundLibrary& Ole32();
 BoundLibrary& OleAut32();
 BoundLibrary& Shell32();
+BoundLibrary& User32();
 BoundLibrary& UxTheme();
 
 } // namespace kestrelmoor::platform

@@ -92,6 +92,13 @@ class CheckListAccessible final : public IAccessible {
         return RowOf(ListOf(mList), child) >= 0 ? Answer(role, ROLE_SYSTEM_CHECKBUTTON)
                                                 : mInner.Get()->get_accRole(child, role);
     }
+    STDMETHODIMP accDoDefaultAction(VARIANT child) noexcept override {
+        const ListBox* const list = ListOf(mList);
+        const int row = RowOf(list, child);
+        if (row < 0)
+            return mInner.Get()->accDoDefaultAction(child);
+        return ::PostMessageW(mList, kPressMark, static_cast<WPARAM>(row), 0) ? S_OK : E_FAIL;
+    }
 
     // What follows is the system's own answer.
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
@@ -155,9 +162,6 @@ class CheckListAccessible final : public IAccessible {
     STDMETHODIMP accHitTest(LONG left, LONG top, VARIANT* child) noexcept override {
         return mInner.Get()->accHitTest(left, top, child);
     }
-    STDMETHODIMP accDoDefaultAction(VARIANT child) noexcept override {
-        return mInner.Get()->accDoDefaultAction(child);
-    }
     STDMETHODIMP put_accName(VARIANT child, BSTR name) noexcept override {
         return mInner.Get()->put_accName(child, name);
     }
@@ -199,8 +203,7 @@ LRESULT AccessibleAnswer(HWND list, WPARAM flags, LPARAM object) {
 }
 
 void TellMarkChanged(HWND list, int row) {
-    static BoundLibrary user32{L"user32.dll"};
-    static BoundEntry<decltype(::NotifyWinEvent)> notify{user32, "NotifyWinEvent"};
+    static BoundEntry<decltype(::NotifyWinEvent)> notify{User32(), "NotifyWinEvent"};
     if (auto* const NotifyWinEvent = notify.Find())
         NotifyWinEvent(EVENT_OBJECT_STATECHANGE, list, OBJID_CLIENT, row + 1);
 }

@@ -73,10 +73,10 @@ void CheckListWindow::ShowRowHeight() const {
 }
 
 void CheckListWindow::RowMarked(int row) {
-    RECT place{};
-    if (!IsDrawingHeld() &&
-        Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place)) != LB_ERR)
+    if (!IsDrawingHeld()) {
+        const RECT place = RowPlace(row);
         ::InvalidateRect(Handle(), &place, FALSE);
+    }
     TellMarkChanged(Handle(), row);
 }
 
@@ -113,18 +113,24 @@ int CheckListWindow::RowAt(LPARAM place) const {
     const LONG y = static_cast<short>(HIWORD(place));
     const int first = static_cast<int>(Send(LB_GETTOPINDEX));
     for (int row = first; IsRow(row); ++row) {
-        RECT rectangle{};
-        Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
-        if (y < rectangle.bottom)
-            return y >= rectangle.top ? row : -1;
+        const RECT place_of_row = RowPlace(row);
+        if (y < place_of_row.bottom)
+            return y >= place_of_row.top ? row : -1;
     }
     return -1;
 }
 
-LONG CheckListWindow::TopOf(int row) const {
-    RECT rectangle{};
-    Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
-    return rectangle.top;
+RECT CheckListWindow::RowPlace(int row) const {
+    RECT place{};
+    Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+bool CheckListWindow::IsWhollyInView(int row) const {
+    RECT client{};
+    ::GetClientRect(Handle(), &client);
+    const RECT place = RowPlace(row);
+    return place.top >= client.top && place.bottom <= client.bottom;
 }
 
 void CheckListWindow::RowInserted(int row) {
@@ -150,7 +156,7 @@ void CheckListWindow::NotePress(LPARAM place) {
     mPressedRow = RowAt(place);
     mMarkPressed = mPressedRow >= 0 && IsInMarkColumn(place);
     mPressedMoved = false;
-    mPressedTop = mPressedRow >= 0 ? TopOf(mPressedRow) : 0;
+    mPressedTop = mPressedRow >= 0 ? RowPlace(mPressedRow).top : 0;
     mPressedShift = 0;
 }
 
@@ -161,7 +167,7 @@ LPARAM CheckListWindow::WithPressedRow(LPARAM place) {
     if (std::exchange(mPressedMoved, false)) {
         Send(LB_SETCURSEL, static_cast<WPARAM>(mPressedRow));
         List().RowPressed(mPressedRow);
-        mPressedShift = TopOf(mPressedRow) - mPressedTop;
+        mPressedShift = RowPlace(mPressedRow).top - mPressedTop;
     }
     const LONG y = static_cast<short>(HIWORD(place)) + mPressedShift;
     return MAKELPARAM(LOWORD(place), static_cast<WORD>(y));
@@ -193,6 +199,9 @@ LRESULT CheckListWindow::Process(UINT message, WPARAM wide, LPARAM parameter) {
     case WM_THEMECHANGED:
         Repaint();
         break;
+    case kPressMark:
+        PressMark(static_cast<int>(wide));
+        return 0;
     case WM_GETOBJECT:
         if (const LRESULT answer = AccessibleAnswer(Handle(), wide, parameter))
             return answer;
@@ -212,6 +221,19 @@ LRESULT CheckListWindow::ButtonUp(WPARAM keys, LPARAM place) {
     if (Of(window) == this && mMarkPressed && row >= 0 && row == List().ListIndex() && IsInMarkColumn(place))
         ReportTurn(row);
     return result;
+}
+
+// By messages of their own, between which the form acts on a change of focus, as with a press of the mouse.
+void CheckListWindow::PressMark(int row) {
+    const HWND window = Handle();
+    if (!IsRow(row) || !List().IsUsable() || !::IsWindowEnabled(FormWindow::Holding(window)->Handle()))
+        return;
+    if (!IsWhollyInView(row))
+        Send(LB_SETTOPINDEX, static_cast<WPARAM>(row));
+    const RECT mark = MarkPlace(RowPlace(row));
+    const LPARAM place = MAKELPARAM((mark.left + mark.right) / 2, (mark.top + mark.bottom) / 2);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, place);
 }
 
 void CheckListWindow::ReportTurn(int row) {

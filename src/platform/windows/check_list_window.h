@@ -5,8 +5,9 @@
 namespace kestrelmoor::platform {
 
 /// A list with a check mark ahead of each row. The list is the system's, its rows are drawn here. Space and a
-/// click on a mark turn it; a click on the text only chooses the row. A row stays the clicked one even when
-/// rows come or go between press and release, as they do when the press takes the focus from a row's entry.
+/// click on a mark turn it, as does a row's default action; a click on the text only chooses the row. A row
+/// stays the clicked one even when rows come or go between press and release, as they do when the press takes
+/// the focus from a row's entry.
 class CheckListWindow : public ListWindow {
   public:
     CheckListWindow(FormWindow& form, ListBox& list);
@@ -27,10 +28,12 @@ class CheckListWindow : public ListWindow {
     void DrawRow(const DRAWITEMSTRUCT& item, int row) const;
     bool IsRow(int row) const { return row >= 0 && row < List().ListCount(); }
     int RowAt(LPARAM place) const;
-    LONG TopOf(int row) const;
+    RECT RowPlace(int row) const; ///< in the client area; empty: it has none
+    bool IsWhollyInView(int row) const;
     void NotePress(LPARAM place);
     LPARAM WithPressedRow(LPARAM place);
     LRESULT ButtonUp(WPARAM keys, LPARAM place);
+    void PressMark(int row);
     void ReportTurn(int row);
 
     int mPressedRow = -1;       ///< while the button is down

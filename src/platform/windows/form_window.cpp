@@ -6,6 +6,7 @@
 #include "platform/windows/control_window.h"
 #include "platform/windows/door.h"
 #include "platform/windows/form_registry.h"
+#include "platform/windows/monitors.h"
 #include "platform/windows/pixels.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/window_life.h"
@@ -36,12 +37,6 @@ void RegisterFormClass(const String& name, WNDPROC procedure) {
     form_class.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
     form_class.lpszClassName = Wide(name);
     ::RegisterClassExW(&form_class);
-}
-
-RECT WorkArea() {
-    RECT area{};
-    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    return area;
 }
 
 RECT WindowRect(HWND window) {
@@ -157,6 +152,10 @@ void FormWindow::ShowVisible() {
         PlaceOnScreen();
     mPlaced = true;
     ::ShowWindow(Handle(), SW_SHOW);
+    // The first call may do what the program was started with, which may be to hide: there is no other
+    // window.
+    if (!::IsWindowVisible(Handle()))
+        ::ShowWindow(Handle(), SW_SHOW);
     ::SetForegroundWindow(Handle());
 }
 
@@ -169,9 +168,9 @@ void FormWindow::Hide() {
 }
 
 void FormWindow::PlaceOnScreen() const {
-    const RECT screen = WorkArea();
-    const HWND owner = ::GetWindow(Handle(), GW_OWNER);
-    const RECT around = owner && mForm.CentredOnOwner() ? WindowRect(owner) : screen;
+    const HWND owner = mForm.CentredOnOwner() ? ::GetWindow(Handle(), GW_OWNER) : nullptr;
+    const RECT screen = WorkAreaAround(owner);
+    const RECT around = owner ? WindowRect(owner) : screen;
     const RECT own = WindowRect(Handle());
     const LONG left = Centred(own.right - own.left, around.left, around.right, screen.left, screen.right);
     const LONG top = Centred(own.bottom - own.top, around.top, around.bottom, screen.top, screen.bottom);

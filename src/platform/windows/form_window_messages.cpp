@@ -1,5 +1,6 @@
 #include "platform/windows/colours.h"
 #include "platform/windows/control_window.h"
+#include "platform/windows/form_registry.h"
 #include "platform/windows/form_window.h"
 #include "platform/windows/graphics.h"
 #include "runtime/forms/application.h"
@@ -134,10 +135,16 @@ void FormWindow::PointerChanged() const {
         ::SetCursor(::LoadCursorW(nullptr, IDC_ARROW));
 }
 
+// A button that the space bar holds down clicks when it loses the keyboard. Where the form gives that to
+// another control the click waits until it has.
 void FormWindow::Command(HWND window, int code) {
     ControlWindow* const control = ControlWindow::Of(window);
     if (!control || !control->Reports(code))
         return;
+    if (mGivingFocus && code == BN_CLICKED) {
+        ::PostMessageW(Handle(), WM_COMMAND, MAKEWPARAM(0, code), reinterpret_cast<LPARAM>(window));
+        return;
+    }
     Settle();
     if (ControlWindow::Of(window) == control)
         control->Notified(code);
@@ -154,12 +161,15 @@ HWND FormWindow::FocusWindow() const {
 }
 
 void FormWindow::GiveFocus(HWND window) {
-    if (::GetActiveWindow() == Handle()) {
-        mGivingFocus = true;
-        ::SetFocus(window);
-        mGivingFocus = false;
-        mFocusChanged = false;
-    }
+    const HWND own = Handle();
+    if (::GetActiveWindow() != own)
+        return;
+    mGivingFocus = true;
+    ::SetFocus(window);
+    if (FormWindowOf(own) != this)
+        return; // what a list reported when it lost the keyboard has ended the form
+    mGivingFocus = false;
+    mFocusChanged = false;
 }
 
 void FormWindow::NoteFocusChange() {

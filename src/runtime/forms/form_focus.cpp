@@ -14,7 +14,8 @@ Control* HostOf(const Control* control) {
 } // namespace
 
 // LostFocus goes to the control that was told GotFocus: a handler that moves the focus on, ahead of the news
-// of its arrival, leaves no unpaired event behind.
+// of its arrival, leaves no unpaired event behind. So does a window that reports its user's choice when it
+// loses the keyboard, whose handler moves the focus on.
 void Form::ChangeFocus(Control* target, bool tell_window) {
     if (target == mFocusHolder)
         return;
@@ -23,6 +24,8 @@ void Form::ChangeFocus(Control* target, bool tell_window) {
     if (tell_window)
         TakeWindowFocus();
     ShowDefaultLook(before);
+    if (mFocusHolder != target)
+        return;
     TellLeft();
     if (target == nullptr || mFocusHolder != target || mToldFocus == target)
         return;

@@ -33,6 +33,21 @@ TEST_F(FormPeers, LoadingMakesThemInTheOrderOfTheDesignAndHidden) {
     EXPECT_EQ(form->Window(), 42U);
 }
 
+TEST_F(FormPeers, WhatAWindowReportsWhenItLosesTheKeyboardMayMoveTheFocusOn) {
+    ShowForm();
+    form->txtText.LostFocus = [this] { desktop.Note("txtText LostFocus"); };
+    form->chkMark.GotFocus = [this] { desktop.Note("chkMark GotFocus"); };
+    form->cmdOK.GotFocus = [this] { desktop.Note("cmdOK GotFocus"); };
+    form->cmdOK.LostFocus = [this] { desktop.Note("cmdOK LostFocus"); };
+    desktop.when_focus_is_taken = [this] { form->cmdOK.SetFocus(); };
+    form->chkMark.SetFocus();
+    EXPECT_EQ(form->ActiveControl(), &form->cmdOK);
+    const Record expected{"chkMark takes focus", "cmdOK takes focus", "txtText LostFocus", "cmdOK GotFocus"};
+    Record events = desktop.Take();
+    std::erase(events, "cmdOK Default");
+    EXPECT_EQ(events, expected);
+}
+
 TEST_F(FormPeers, LoadingASecondTimeDoesNothing) {
     form->Load();
     desktop.Take();

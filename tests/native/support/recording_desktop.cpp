@@ -37,7 +37,11 @@ class RecordingControlPeer : public ControlPeer {
         return true;
     }
     void ReplaceSelection(StringView text) override { Note("selection replaced by '" + ToUtf8(text) + "'"); }
-    void TakeFocus() override { Note("takes focus"); }
+    void TakeFocus() override {
+        Note("takes focus");
+        if (const auto report = std::exchange(mDesktop.when_focus_is_taken, {}))
+            report();
+    }
     WindowHandle Window() const override { return 7; }
 
   private:

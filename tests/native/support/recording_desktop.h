@@ -41,6 +41,9 @@ class RecordingDesktop : public Desktop {
     /// What the window of a text box would tell of its selection: start and length. Not there: nothing.
     std::map<String, std::pair<int, int>> selections;
 
+    /// What the window that loses the keyboard to the next control reports in the midst of that, once.
+    std::function<void()> when_focus_is_taken;
+
     /// How often two rows were compared, and in which order they stand.
     mutable int comparisons = 0;
     std::function<int(StringView, StringView)> order;

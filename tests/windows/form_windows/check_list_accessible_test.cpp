@@ -109,9 +109,65 @@ TEST_F(FormAccessibility, HearsOfEachMarkThatIsTurned) {
     EXPECT_EQ(told_rows, (std::vector<LONG>{2, 1}));
 }
 
+TEST_F(FormAccessibility, TurnsAMarkAsAClickOnItDoes) {
+    ASSERT_NE(object, nullptr);
+    StartFrom(form->txtDays);
+    EXPECT_EQ(object->accDoDefaultAction(Child(1)), S_OK);
+    EXPECT_EQ(form->Take(), Events{}); // whoever asks is answered first
+    hand->Settle();
+    EXPECT_EQ(Seen(), (Events{"txtDays LostFocus to lstNames", "lstNames GotFocus", "lstNames Click 0",
+                              "lstNames ItemCheck 0 on"}));
+    EXPECT_EQ(list.ListIndex(), 0);
+    object->accDoDefaultAction(Child(2));
+    object->accDoDefaultAction(Child(2));
+    hand->Settle();
+    EXPECT_EQ(Seen(), (Events{"lstNames Click 1", "lstNames ItemCheck 1 off", "lstNames Click 1",
+                              "lstNames ItemCheck 1 on"}));
+}
+
+TEST_F(FormAccessibility, TurnsTheMarkThoughRowsGoWhenTheFocusComes) {
+    ASSERT_NE(object, nullptr);
+    form->On("txtDays LostFocus to lstNames", [this] { list.RemoveItem(0); });
+    StartFrom(form->txtDays);
+    object->accDoDefaultAction(Child(2));
+    hand->Settle();
+    ASSERT_EQ(list.ListCount(), 1);
+    EXPECT_FALSE(list.Selected(0));
+    EXPECT_EQ(list.ListIndex(), 0);
+}
+
+TEST_F(FormAccessibility, BringsARowIntoViewToTurnIt) {
+    ASSERT_NE(object, nullptr);
+    for (int count = 0; count < 20; ++count)
+        list.AddItem(u"gamma");
+    Seen();
+    EXPECT_EQ(object->accDoDefaultAction(Child(20)), S_OK);
+    hand->Settle();
+    EXPECT_TRUE(list.Selected(19));
+    EXPECT_EQ(State(20) & STATE_SYSTEM_OFFSCREEN, 0);
+}
+
+TEST_F(FormAccessibility, TurnsNothingThatAClickCouldNot) {
+    ASSERT_NE(object, nullptr);
+    list.SetEnabled(false);
+    object->accDoDefaultAction(Child(1));
+    hand->Settle();
+    list.SetEnabled(true);
+    ::EnableWindow(WindowOf(*form), FALSE);
+    object->accDoDefaultAction(Child(1));
+    hand->Settle();
+    ::EnableWindow(WindowOf(*form), TRUE);
+    EXPECT_FALSE(list.Selected(0));
+    object->accDoDefaultAction(Child(1));
+    list.Clear();
+    hand->Settle();
+    EXPECT_EQ(list.ListCount(), 0);
+}
+
 TEST_F(FormAccessibility, OutlivesTheWindowInPeace) {
     ASSERT_NE(object, nullptr);
     form->Unload();
+    EXPECT_TRUE(FAILED(object->accDoDefaultAction(Child(2))));
     VARIANT state{};
     EXPECT_TRUE(FAILED(object->get_accState(Child(2), &state)) || (state.lVal & STATE_SYSTEM_CHECKED) == 0);
 }
