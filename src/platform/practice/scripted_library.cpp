@@ -124,7 +124,9 @@ struct Speaker : Held<ILocalization, Speaker> {
                                       LocText* out) {
         return Give(Numbered("noun ", nNumber) + (nCount == 1 ? u" once" : u""), out);
     }
-    static std::int32_t GetText(ILocalization*, std::int16_t nNumber, LocText* out) {
+    static std::int32_t GetText(ILocalization* self, std::int16_t nNumber, LocText* out) {
+        if (const std::int32_t result = ScriptOf(self).text_result; result != LOC_S_OK)
+            return result;
         return Give(Numbered("text ", nNumber), out);
     }
     static std::int32_t LanguageID(ILocalization* self, std::int16_t* out) {

@@ -81,6 +81,7 @@ TEST_P(FaultMatrix, ShowsWhatIsTold) {
         EXPECT_FALSE(line.starts_with("refused:")) << line;
     EXPECT_EQ(base.handles_left, 0U);
     EXPECT_EQ(base.modules_left, scenario.modules_left);
+    EXPECT_EQ(base.themes_left, scenario.themes_left);
     for (const Cell& cell : CellsOf(scenario, base))
         Try(cell);
 }

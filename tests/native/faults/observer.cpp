@@ -1,6 +1,7 @@
 #include "tests/native/faults/observer.h"
 
 #include "platform/practice/windows.h"
+#include "platform/window_messages.h"
 #include "runtime/forms/application.h"
 
 #include <cstdio>
@@ -86,6 +87,9 @@ std::optional<std::string> Observer::NextLine() {
         if (line == "look") {
             if (!Look())
                 return std::nullopt;
+        } else if (line == "restyle") {
+            if (!Restyle())
+                return std::nullopt;
         } else if (line.starts_with("pick ")) {
             if (!Pick(static_cast<std::size_t>(std::stoi(line.substr(5)))))
                 return std::nullopt;
@@ -116,6 +120,15 @@ bool Observer::Look() {
     Show("look mask " + ToUtf8(box.PasswordChar()));
     const auto& label = form->Get<Label>(u"lblNewPass");
     Show(label.Caption() == label.Tag() ? "look cues shown" : "look cues hidden");
+    return true;
+}
+
+bool Observer::Restyle() {
+    Form* const form = Application::Current().ActiveForm();
+    if (!form)
+        return Refuse("no window is open");
+    mWorld.machine.appearance.app_themed = true;
+    practice::DeliverMessage(form->Window(), platform::window_message::kSysColorChange);
     return true;
 }
 

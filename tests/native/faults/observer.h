@@ -34,6 +34,7 @@ class Observer {
   private:
     std::optional<std::string> NextLine();
     bool Look();
+    bool Restyle();
     bool Pick(std::size_t row);
     bool Refuse(const std::string& what);
     void Show(const std::string& line);

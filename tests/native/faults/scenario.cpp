@@ -37,6 +37,7 @@ Scenario ReadScenario(const json& row, const json& patches) {
     scenario.script = row.value("script", std::vector<std::string>());
     scenario.pairs = row.value("pairs", std::vector<std::string>());
     scenario.modules_left = row.value("modules_left", std::size_t{0});
+    scenario.themes_left = row.value("themes_left", std::size_t{0});
     scenario.start = PatchedWorld(patches, row.value("world", std::vector<std::string>()));
     return scenario;
 }
@@ -90,7 +91,8 @@ Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>
     outcome.calls = std::make_shared<std::vector<practice::Call>>(world.calls.All());
     GiveBackAll();
     outcome.modules_left = world.handles.Outstanding(practice::HandleKind::Module);
-    outcome.handles_left = world.OutstandingHandles() - outcome.modules_left;
+    outcome.themes_left = world.handles.Outstanding(practice::HandleKind::Theme);
+    outcome.handles_left = world.OutstandingHandles() - outcome.modules_left - outcome.themes_left;
     outcome.wrong_releases = world.handles.WrongReleases();
     return outcome;
 }

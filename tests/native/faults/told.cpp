@@ -164,8 +164,10 @@ std::string Told::AgainstHandles(const Outcome& outcome, const Scenario& scenari
     };
     if (outcome.handles_left != 0)
         count("handles left open", outcome.handles_left);
-    if (outcome.modules_left > scenario.modules_left)
+    if (outcome.modules_left > std::max(scenario.modules_left, libraries))
         count("libraries left loaded", outcome.modules_left);
+    if (outcome.themes_left > scenario.themes_left)
+        count("visual styles left open", outcome.themes_left);
     if (outcome.wrong_releases != 0)
         count("wrong releases", outcome.wrong_releases);
     return against;

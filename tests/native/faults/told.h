@@ -30,6 +30,8 @@ struct Told {
     std::vector<LogPart> log;
     std::size_t place = 0; ///< of the failed call
     bool ends = false;     ///< it ends the run
+    std::size_t libraries =
+        0; ///< that stay in the process, where they are more than the scenario leaves there
 
     /// What speaks against it in that scenario; empty: it holds.
     std::string Against(const Outcome& base, const Outcome& outcome, const Scenario& scenario) const;

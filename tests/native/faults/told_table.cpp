@@ -264,7 +264,8 @@ Told ToldTable::Read(const json& outcome, const Cell& cell) const {
                     outcome.value("stops", ""),
                     LogParts(outcome, cell),
                     cell.place,
-                    outcome.value("ends", false)};
+                    outcome.value("ends", false),
+                    outcome.value("libraries", std::size_t{0})};
     return Counts(mTable.at("groups").at("without words"), cell.code) ? WithoutWords(told) : told;
 }
 
@@ -282,8 +283,13 @@ std::vector<std::size_t> ToldTable::FollowersOf(const Cell& cell) const {
             const practice::Call& call = (*cell.calls)[i];
             if (!Answers(call) || call.name == "Append")
                 continue;
-            if (!Names(operation.at("calls"), call.name) || Names(operation.at("begins"), call.name))
+            if (Names(operation.at("begins"), call.name))
                 break;
+            if (!Names(operation.at("calls"), call.name)) {
+                if (Names(operation.value("between", json::array()), call.name))
+                    continue;
+                break;
+            }
             if (std::ranges::count(followers, i) == 0)
                 followers.push_back(i);
         }
@@ -291,11 +297,21 @@ std::vector<std::size_t> ToldTable::FollowersOf(const Cell& cell) const {
     return followers;
 }
 
+std::optional<Told> ToldTable::ToldFor(const Cell& cell) const {
+    const auto rule = RuleFor(cell);
+    return rule ? std::optional(ToldBy(*rule, cell)) : std::nullopt;
+}
+
+/// What either fault leaves in the process stays there.
 ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second) const {
-    const auto told_for = [&](const Cell& cell) -> std::optional<Told> {
-        const auto rule = RuleFor(cell);
-        return rule ? std::optional(ToldBy(*rule, cell)) : std::nullopt;
-    };
+    ForPair pair = LinesForPair(first, second);
+    for (const Cell* const cell : {&first, &second})
+        if (const auto told = ToldFor(*cell); told && pair.told)
+            pair.told->libraries = std::max(pair.told->libraries, told->libraries);
+    return pair;
+}
+
+ToldTable::ForPair ToldTable::LinesForPair(const Cell& first, const Cell& second) const {
     const json& rules = mTable.at("pairs");
     const auto found =
         std::ranges::find_if(rules, [&](const json& rule) { return FitsPair(rule, first, second); });
@@ -306,15 +322,15 @@ ToldTable::ForPair ToldTable::ToldForPair(const Cell& first, const Cell& second)
     if (told == "first")
         return {rule, Told{}, true};
     if (told == "second")
-        return {rule, told_for(second), true};
+        return {rule, ToldFor(second), true};
     if (told == "graver") {
         const auto [graver, from_first] = Graver(first, second, found->at("second"));
         return {rule, graver, from_first};
     }
     if (told == "first without words")
-        return {rule, WithoutWords(told_for(first).value()), false};
+        return {rule, WithoutWords(ToldFor(first).value()), false};
     if (told == "first without a box")
-        return {rule, WithoutABox(told_for(first).value()), false};
+        return {rule, WithoutABox(ToldFor(first).value()), false};
     return {rule, Read(told, first), false};
 }
 

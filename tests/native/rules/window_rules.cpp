@@ -27,20 +27,25 @@ void CheckOrder(Findings& found) {
                  "the last window opened is in front");
 }
 
-/// The hooks of the cues are there with a password window, unless cues are always shown or the system
-/// refuses.
-void CheckHooks(Findings& found) {
-    const bool window = !Application::Current().Forms().empty();
-    found.Expect(gPassFormCount == (window ? 1 : 0), "password windows are counted");
-    if (!window || gKeyboardCues)
-        found.Expect(gKeyboardHook == 0 && gMouseHook == 0, "no hook without need");
-    else
-        found.Expect((gKeyboardHook != 0 && gMouseHook != 0) ||
-                         practice::TheWorld().calls.Count("SetWindowsHookExW") >= 2,
-                     "the hooks of the cues");
-}
-
 } // namespace
+
+void WindowRules::CheckHooks(Findings& found) {
+    const auto& forms = Application::Current().Forms();
+    found.Expect(gPassFormCount == (forms.empty() ? 0 : 1), "password windows are counted");
+    const std::size_t asked = practice::TheWorld().calls.Count("SetWindowsHookExW");
+    if (forms.empty() || gKeyboardCues) {
+        found.Expect(gKeyboardHook == 0 && gMouseHook == 0, "no hook without need");
+        mHooks.reset();
+    } else if (!mHooks || mHooks->window.lock() != forms.front()) {
+        const bool refused = asked >= (asked < mHooksAsked ? 0 : mHooksAsked) + 2;
+        found.Expect((gKeyboardHook != 0 && gMouseHook != 0) || refused, "the hooks of the cues");
+        mHooks = {forms.front(), gKeyboardHook, gMouseHook};
+    } else {
+        found.Expect(gKeyboardHook == mHooks->keyboard && gMouseHook == mHooks->mouse,
+                     "the hooks of the cues stay");
+    }
+    mHooksAsked = asked;
+}
 
 void WindowRules::LookAt(const Form& form, Findings& found) {
     if (form.Name() == u"frmPass") {

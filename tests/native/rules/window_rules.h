@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/input_hooks.h"
 #include "tests/native/rules/frmPass_rules.h"
 #include "tests/native/rules/frmSettings_rules.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,10 +23,23 @@ class WindowRules {
     bool KeepsPassword(const Form& form) const;
 
   private:
+    /// The hooks of the cues as a password window was first seen with them.
+    struct Hooks {
+        std::weak_ptr<const Form> window;
+        platform::HookHandle keyboard;
+        platform::HookHandle mouse;
+    };
+
     void LookAt(const Form& form, Findings& found);
+
+    /// They are there with a password window, unless cues are always shown; one that is missing has been
+    /// asked for. What is there stays.
+    void CheckHooks(Findings& found);
 
     std::optional<PasswordWindowRules> mPassword;
     std::optional<SettingsWindowRules> mSettings;
+    std::optional<Hooks> mHooks;
+    std::size_t mHooksAsked = 0; ///< calls of the platform up to the last look
 };
 
 } // namespace kestrelmoor::tests

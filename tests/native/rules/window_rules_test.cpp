@@ -228,10 +228,25 @@ TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
 TEST_F(RulesOfTheWindows, SeeAHookOfTheCuesThatIsMissing) {
     Open();
     ExpectSilence();
+    const auto hook = std::exchange(gMouseHook, 0);
+    ExpectComplaint("the hooks of the cues stay");
+    gMouseHook = hook;
+}
+
+TEST_F(RulesOfTheWindows, SeeAHookOfTheCuesThatNobodyAskedFor) {
+    Open();
     world.calls.Clear();
     const auto hook = std::exchange(gMouseHook, 0);
     ExpectComplaint("the hooks of the cues");
     gMouseHook = hook;
+}
+
+TEST_F(RulesOfTheWindows, LetASystemRefuseTheHooksOfTheCues) {
+    world.Fail("SetWindowsHookExW", 5, 0);
+    Open();
+    EXPECT_EQ(gMouseHook, 0U);
+    ExpectSilence();
+    ExpectSilence();
 }
 
 TEST_F(RulesOfTheWindows, SeeHelpOfferedWithoutAHelpFile) {

@@ -1,6 +1,6 @@
 #include "platform/practice/world/handles.h"
 
-#include <algorithm>
+#include <numeric>
 
 namespace kestrelmoor::practice {
 
@@ -30,9 +30,16 @@ bool HandleTable::Close(HandleKind kind, std::uintptr_t handle) {
     return true;
 }
 
+std::size_t HandleTable::Outstanding() const {
+    return std::accumulate(mOpen.begin(), mOpen.end(), std::size_t{0},
+                           [](std::size_t count, const auto& open) { return count + open.second.holders; });
+}
+
 std::size_t HandleTable::Outstanding(HandleKind kind) const {
-    return static_cast<std::size_t>(std::count_if(
-        mOpen.begin(), mOpen.end(), [&](const auto& open) { return open.second.kind == kind; }));
+    return std::accumulate(mOpen.begin(), mOpen.end(), std::size_t{0},
+                           [&](std::size_t count, const auto& open) {
+                               return open.second.kind == kind ? count + open.second.holders : count;
+                           });
 }
 
 } // namespace kestrelmoor::practice

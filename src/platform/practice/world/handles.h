@@ -65,7 +65,8 @@ class HandleTable {
     /// release.
     bool Close(HandleKind kind, std::uintptr_t handle);
 
-    std::size_t Outstanding() const { return mOpen.size(); }
+    /// Parts of holders that have not been given back.
+    std::size_t Outstanding() const;
     std::size_t Outstanding(HandleKind kind) const;
     std::size_t WrongReleases() const { return mWrongReleases; }
 
@@ -73,7 +74,7 @@ class HandleTable {
     struct Entry {
         HandleKind kind;
         std::any content;
-        int holders = 1;
+        std::size_t holders = 1;
     };
     std::map<std::uintptr_t, Entry> mOpen;
     std::uintptr_t mNext = 0x100;
