@@ -31,28 +31,30 @@ def build(preset, target):
     )
 
 
+def google_test(program):
+    """A test program under the sanitizers, which look for leaks when the tests are over."""
+    report = program.with_suffix(".json")
+    report.unlink(missing_ok=True)
+    code = subprocess.run([program, "--gtest_brief=1", "--gtest_output=json:%s" % report], cwd=ROOT).returncode
+    if not report.exists():
+        print("%s ended with code %d and no report" % (program.name, code))
+        return 0, 1, 0
+    result = json.loads(report.read_text())
+    failed = result["failures"] + result["errors"]
+    skipped = sum(test["result"] == "SKIPPED" for suite in result["testsuites"] for test in suite["testsuite"])
+    passed = result["tests"] - failed - skipped
+    if code != 0 and failed == 0:
+        print("%s ended with code %d behind its tests" % (program.name, code))
+        failed = 1
+    return passed, failed, skipped
+
+
 def google_tests():
-    """The native tests under the sanitizers."""
+    """The native tests."""
     if not build("sanitized", "all"):
         return 0, 1, 0
-    counts = [0, 0, 0]
-    for program in sorted((OUT / "sanitized" / "tests").glob("**/*_tests")):
-        report = program.with_suffix(".json")
-        report.unlink(missing_ok=True)
-        subprocess.run([program, "--gtest_brief=1", "--gtest_output=json:%s" % report], cwd=ROOT)
-        if not report.exists():
-            print("%s ended without a report" % program.name)
-            counts[1] += 1
-            continue
-        result = json.loads(report.read_text())
-        failed = result["failures"] + result["errors"]
-        skipped = sum(
-            test["result"] == "SKIPPED" for suite in result["testsuites"] for test in suite["testsuite"]
-        )
-        counts[0] += result["tests"] - failed - skipped
-        counts[1] += failed
-        counts[2] += skipped
-    return tuple(counts)
+    programs = sorted((OUT / "sanitized" / "tests").glob("**/*_tests"))
+    return tuple(map(sum, zip((0, 0, 0), *map(google_test, programs))))
 
 
 def runner(*command):

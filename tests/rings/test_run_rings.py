@@ -46,6 +46,19 @@ sys.exit(run_rings.run({path: [sys.executable, "-c", child, path] for path in sy
 """ % (str(TESTS), WITH_A_CHILD)
 
 
+# A program of GoogleTest's: of three tests one is left out; how many fail (-1: no report), and its code.
+GOOGLE_TEST = """#!%s
+import json, sys
+report = next(word for word in sys.argv if word.startswith("--gtest_output=json:")).partition(":")[2]
+tests = [{"result": "COMPLETED"}, {"result": "COMPLETED"}, {"result": "SKIPPED"}]
+failures = %d
+if failures >= 0:
+    with open(report, "w") as file:
+        json.dump({"tests": 3, "failures": failures, "errors": 0, "testsuites": [{"testsuite": tests}]}, file)
+sys.exit(%d)
+"""
+
+
 def program(text, *arguments):
     return [sys.executable, "-c", text, *arguments]
 
@@ -60,6 +73,25 @@ def runs(process):
         return pathlib.Path("/proc/%d/stat" % process).read_text(encoding="ascii").rpartition(") ")[2][0] != "Z"
     except FileNotFoundError:
         return False
+
+
+class GoogleTests(unittest.TestCase):
+    def run_one(self, failures, code):
+        with tempfile.TemporaryDirectory() as folder, contextlib.redirect_stdout(io.StringIO()):
+            made = pathlib.Path(folder) / "made_up_tests"
+            made.write_text(GOOGLE_TEST % (sys.executable, failures, code))
+            made.chmod(0o755)
+            return run_rings.google_test(made)
+
+    def test_are_counted_as_they_report(self):
+        self.assertEqual((2, 0, 1), self.run_one(0, 0))
+        self.assertEqual((1, 1, 1), self.run_one(1, 1))
+
+    def test_that_end_with_a_leak_behind_them_have_failed(self):
+        self.assertEqual((2, 1, 1), self.run_one(0, 23))
+
+    def test_without_a_report_have_failed(self):
+        self.assertEqual((0, 1, 0), self.run_one(-1, 0))
 
 
 class Rings(unittest.TestCase):
