@@ -2,6 +2,7 @@
 All parts with their full numbers of pairs are a whole run, which writes docs/figures.md. bench.sh calls it."""
 
 import argparse
+import os
 import pathlib
 import sys
 
@@ -12,6 +13,7 @@ import sizes
 import tried
 import whole_process
 from figures import print_measures
+from others import OthersWatch
 from page import render
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
@@ -63,18 +65,17 @@ def page_of(options):
 
 def main(given):
     options = arguments(given)
-    if options.pairs is None:
-        machine.settle()
+    os.sync()  # what the builds wrote is not written beside the first figures
     sections = []
-    with machine.LoadWatch() as load:
+    with OthersWatch() as others:
         for part in dict.fromkeys(options.parts):
             title, introduction, measure = PARTS[part]
             sections.append((title, introduction, measure(options.pairs)))
             print_measures(title, sections[-1][2])
             sys.stdout.flush()
-    print("\nThe highest load during the run was %.1f." % load.highest)
+    print("\nOther programs took %.1f seconds of a processor in the worst minute." % others.most)
     if page := page_of(options):
-        page.write_text(render(machine.description(), load.highest, sections), encoding="utf-8")
+        page.write_text(render(machine.description(), others.most, sections), encoding="utf-8")
         print("The page of figures: %s" % page)
 
 

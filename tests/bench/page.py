@@ -2,8 +2,10 @@
 
 from figures import COLUMNS
 
-QUIET = 1.5
-"""The load of a computer on which nothing else runs: the measured program takes up to one processor by itself."""
+QUIET = 6.0
+"""Seconds of a processor that other programs may take in a minute, a tenth of one."""
+
+OTHERS = "other programs in the worst minute"
 
 HEAD = """\
 # Figures
@@ -14,8 +16,8 @@ goal is asked of its median.
 """
 
 WARNING = """\
-**The computer was not quiet**: the load went up to %.1f, where a run by itself stays below %.1f. Take the times with
-doubt.
+**The computer was not quiet**: other programs took %.1f seconds of a processor in a minute, where %.1f are let pass.
+Take the times with doubt.
 """
 
 
@@ -33,13 +35,13 @@ def summary(measures):
     return line + ("; missed: %s.\n" % "; ".join(missed) if missed else ".\n")
 
 
-def render(machine, load, sections):
-    """The text of the page. `machine`: rows of two texts. `load`: the highest during the run. `sections`: (title,
-    introduction, measures) of each."""
+def render(machine, others, sections):
+    """The text of the page. `machine`: rows of two texts. `others`: seconds of a processor that other programs took in
+    the worst minute. `sections`: (title, introduction, measures) of each."""
     parts = [HEAD, summary([measure for _, _, measures in sections for measure in measures])]
-    parts.append(table([("Computer", ""), *machine, ("highest load of a minute during the run", "%.1f" % load)]))
-    if load > QUIET:
-        parts.append(WARNING % (load, QUIET))
+    parts.append(table([("Computer", ""), *machine, (OTHERS, "%.1f s of a processor" % others)]))
+    if others > QUIET:
+        parts.append(WARNING % (others, QUIET))
     for title, introduction, measures in sections:
         parts += ["## %s\n" % title, introduction + "\n", table([COLUMNS, *(measure.cells() for measure in measures)])]
     return "\n".join(parts)

@@ -54,6 +54,18 @@ class Start(DesktopCase):
         window = PasswordWindow(self.desktop, process=process)
         self.assertEqual(window.text(USER), "user")
 
+    def test_a_log_may_be_a_link_and_grows_where_that_leads(self):
+        log = self.desktop.work / "told.log"
+        link = self.desktop.work / "link.log"
+        log.write_bytes(b"from before\r\n")
+        link.symlink_to(log.name)
+        process = self.start("/f", "/d", self.desktop.windows_path(link.parent) + "\\" + link.name)
+        PasswordWindow(self.desktop, process=process)
+        self.assertTrue(link.is_symlink())
+        first, date, _ = log.read_text(encoding="utf-8").split("\n", 2)
+        self.assertEqual("from before", first)
+        self.assertRegex(date, r"\d\d")
+
     def test_a_library_that_is_none_is_told_in_the_fixed_words(self):
         process = self.start("/f", program=program_folder(self.desktop, default_loc=b"no library at all"))
         self.assert_box(process, "warning", "Error loading localization library.")

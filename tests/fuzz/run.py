@@ -137,17 +137,32 @@ def processor_seconds():
     return used.ru_utime + used.ru_stime
 
 
+def add(counts, more):
+    for key, number in more.items():
+        counts[key] = counts.get(key, 0) + number
+
+
+def grow(record, name, is_plain, runs, seconds, findings):
+    """One entry for each fuzzer, with the runs that were made without sanitizers apart; seconds of a processor. With a
+    finding begins anew, for both, what is counted since the last one."""
+    entries = [record.setdefault(name, {})]
+    if is_plain or "without_sanitizers" in entries[0]:
+        entries.append(entries[0].setdefault("without_sanitizers", {}))
+    entry = entries[-1] if is_plain else entries[0]
+    add(entry, {"runs": runs, "seconds": seconds, "findings": findings})
+    if findings:
+        for one in entries:
+            one["since_finding"] = {"runs": 0, "seconds": 0}
+    else:
+        add(entry.setdefault("since_finding", {}), {"runs": runs, "seconds": seconds})
+
+
 def add_to_record(fuzzer, runs, seconds, findings):
-    """One entry for each fuzzer, with the runs that were made without sanitizers apart; seconds of a processor."""
     OUT.mkdir(parents=True, exist_ok=True)
     with open(OUT / "record.lock", "w", encoding="utf-8") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         record = json.loads(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else {}
-        entry = record.setdefault(fuzzer.name, {})
-        if fuzzer.preset == "fuzz_plain":
-            entry = entry.setdefault("without_sanitizers", {})
-        for key, more in (("runs", runs), ("seconds", seconds), ("findings", findings)):
-            entry[key] = entry.get(key, 0) + more
+        grow(record, fuzzer.name, fuzzer.preset == "fuzz_plain", runs, seconds, findings)
         fresh = OUT / "record.json"
         fresh.write_text(json.dumps(record, indent=2, sort_keys=True) + "\n", encoding="utf-8")
         os.replace(fresh, RECORD)
@@ -196,8 +211,8 @@ def main(arguments=None):
     bound.add_argument("--runs", type=int)
     bound.add_argument("--seconds", type=int)
     long_mode.add_argument("--plain", action="store_true", help="the build without sanitizers")
-    for mode in (long_mode, modes.add_parser("minimise")):
-        mode.add_argument("name", choices=names())
+    long_mode.add_argument("name", choices=names())
+    modes.add_parser("minimise").add_argument("name", choices=[name for name in names() if name != PO_COMPILER])
     options = parser.parse_args(arguments)
     if options.mode == "short":
         return run_short()

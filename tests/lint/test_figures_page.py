@@ -2,15 +2,20 @@
 
 import contextlib
 import io
+import os
 import pathlib
+import signal
+import subprocess
 import sys
 import unittest
 
 BENCH = pathlib.Path(__file__).resolve().parent.parent / "bench"
-sys.path[:0] = [str(BENCH)]
+sys.path[:0] = [str(BENCH), str(BENCH.parent / "fuzz")]
 
 import bench  # noqa: E402
 import logic  # noqa: E402
+import others  # noqa: E402
+import run  # noqa: E402
 import tried  # noqa: E402
 from figures import Measure, counted, ratio_within, within  # noqa: E402
 from page import render  # noqa: E402
@@ -50,20 +55,32 @@ class Sources(unittest.TestCase):
             tried.fault_matrix("nothing was run\n", 0)
 
     def test_fuzzers_are_told_with_runs_and_hours_with_and_without_sanitizers(self):
-        record = {
-            "registry": {"runs": 9999999, "seconds": 1800, "findings": 0},
-            "command_line": {"runs": 9000000, "seconds": 720, "findings": 1,
-                             "without_sanitizers": {"runs": 1000000, "seconds": 360, "findings": 2}},
-            "sessions": {"runs": 5, "seconds": 28800, "findings": 0},
-        }
+        record = {}
+        for piece in [("registry", False, 9999999, 1800, 0), ("command_line", False, 9000000, 720, 0),
+                      ("command_line", True, 1000000, 360, 0), ("sessions", False, 5, 28800, 0)]:
+            run.grow(record, *piece)
         self.assertEqual([
-            ["fuzzer command_line", "10,000,000 runs in 0.3 hours, 9,000,000 of them with sanitizers, findings: 3",
-             "at least 10,000,000 runs", "met"],
-            ["fuzzer registry", "9,999,999 runs in 0.5 hours, findings: 0", "at least 10,000,000 runs", "MISSED"],
-            ["fuzzer sessions", "5 runs in 8.0 hours, findings: 0", "at least 8 hours", "met"],
+            ["fuzzer command_line", "10,000,000 runs in 0.3 hours, 9,000,000 of them with sanitizers, findings: 0",
+             "at least 10,000,000 quiet runs", "met"],
+            ["fuzzer registry", "9,999,999 runs in 0.5 hours, findings: 0", "at least 10,000,000 quiet runs", "MISSED"],
+            ["fuzzer sessions", "5 runs in 8.0 hours, findings: 0", "at least 8 quiet hours", "met"],
         ], [[*row.cells()[:2], *row.cells()[4:]] for row in tried.fuzzers(record)])
-        record["sessions"]["seconds"] -= 1
+        record["sessions"]["since_finding"]["seconds"] -= 1
         self.assertIs(False, tried.fuzzers(record)[-1].met)
+
+    def test_what_a_fuzzer_did_up_to_a_finding_does_not_count(self):
+        record = {}
+        for piece in [("message", True, 10000000, 720, 0), ("message", False, 9000000, 720, 1),
+                      ("message", False, 9999999, 360, 0)]:
+            run.grow(record, *piece)
+        found, = tried.fuzzers(record)
+        self.assertIs(False, found.met)
+        self.assertEqual("28,999,999 runs in 0.5 hours, 18,999,999 of them with sanitizers, findings: 1; since the last "
+                         "one 9,999,999 runs in 0.1 hours", found.figure)
+        run.grow(record, "message", True, 1, 0, 0)
+        self.assertIs(True, tried.fuzzers(record)[0].met)
+
+    def test_without_a_record_there_are_no_figures_of_fuzzers(self):
         self.assertEqual(["no record"], [measure.figure for measure in tried.fuzzers(None)])
 
     def test_benchmarks_are_judged_by_their_names(self):
@@ -86,10 +103,10 @@ class Sources(unittest.TestCase):
 
 
 class Page(unittest.TestCase):
-    def render(self, load=0.9):
+    def render(self, others=0.9):
         measures = [counted("the program", 2, 1, "bytes"), within("a run", [1, 1], 2, "%d", "ms"),
                     Measure("told | alone", "x")]
-        return render(MACHINE, load, [("Sizes", "`./bench.sh sizes`: of files.", measures)])
+        return render(MACHINE, others, [("Sizes", "`./bench.sh sizes`: of files.", measures)])
 
     def test_it_says_how_many_goals_are_met_and_names_the_others(self):
         self.assertIn("\nOf 2 goals 1 are met; missed: the program.\n", self.render())
@@ -103,14 +120,47 @@ class Page(unittest.TestCase):
             "| told \\| alone | x |  |  |  |  |\n", self.render())
 
     def test_a_busy_computer_is_warned_of(self):
-        self.assertIn("| highest load of a minute during the run | 0.9 |", self.render())
-        self.assertNotIn("not quiet", self.render(load=1.5))
-        self.assertIn("**The computer was not quiet**: the load went up to 1.6", self.render(load=1.6))
+        self.assertIn("| other programs in the worst minute | 0.9 s of a processor |", self.render())
+        self.assertNotIn("not quiet", self.render(others=6.0))
+        self.assertIn("**The computer was not quiet**: other programs took 6.1 seconds", self.render(others=6.1))
 
     def test_its_lines_end_as_texts_here_do(self):
-        text = self.render(load=2)
+        text = self.render(others=9)
         self.assertTrue(text.endswith("|\n"))
         self.assertEqual([], [line for line in text.split("\n") if line != line.rstrip()])
+
+
+class OtherPrograms(unittest.TestCase):
+    BUSY = "import sys, time\nwhile time.process_time() < 0.5: pass\nprint(flush=True)\nsys.stdin.read()"
+
+    def test_are_all_that_the_run_has_not_started(self):
+        found = {number: others.Process(parent, seconds)
+                 for number, parent, seconds in [(1, 0, 5.0), (10, 1, 3.0), (11, 10, 2.0), (12, 11, 8.0), (13, 1, 7.0)]}
+        self.assertEqual(12.0, others.seconds_of_others(10, found))
+        self.assertEqual(25.0, others.seconds_of_others(13, found) + found[13].seconds)
+
+    def test_are_told_with_their_parents_and_times(self):
+        with subprocess.Popen([sys.executable, "-c", self.BUSY], stdin=subprocess.PIPE, stdout=subprocess.PIPE) as busy:
+            busy.stdout.readline()
+            found = others.processes()
+            busy.stdin.close()
+        self.assertEqual(os.getpid(), found[busy.pid].parent)
+        self.assertGreaterEqual(found[busy.pid].seconds, 0.4)
+        self.assertGreaterEqual(others.processes()[os.getpid()].seconds, found[busy.pid].seconds)
+
+    def test_are_not_the_servers_that_the_run_leaves_behind(self):
+        others.keep_own()
+        server = int(subprocess.check_output(["sh", "-c", "sleep 60 >/dev/null & echo $!"]))
+        parent = others.processes()[server].parent
+        os.kill(server, signal.SIGKILL)
+        self.assertEqual(os.getpid(), parent)
+        os.waitpid(server, 0)
+
+    def test_count_in_their_worst_minute(self):
+        samples = [(0, 10.0), (10, 10.5), (20, 14.0), (90, 15.0), (150, 15.0)]
+        self.assertEqual(4.0, others.most_within(samples, 60))
+        self.assertEqual(1.0, others.most_within(samples[2:], 70))
+        self.assertEqual(0.0, others.most_within(samples[:1], 60))
 
 
 class WholeRun(unittest.TestCase):
