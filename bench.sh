@@ -36,6 +36,7 @@ build_process() {
 build_tests() {
   tools/install_packages.sh "${common[@]}" g++
   build sanitized native_tests
+  build native native_tests
 }
 
 options=()

@@ -1,6 +1,7 @@
-"""How much the fault matrix and the fuzzers have tried."""
+"""How much the fault matrix, the explorer of the windows, the soak and the fuzzers have tried."""
 
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -9,9 +10,17 @@ from figures import Measure
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 NATIVE_TESTS = ROOT / "out" / "sanitized" / "tests" / "native" / "native_tests"
+FAST_TESTS = ROOT / "out" / "native" / "tests" / "native" / "native_tests"
+"""The same without sanitizers, with which the explorer would take too long."""
 RECORD = ROOT / "tests" / "fuzz" / "record.json"
 RUNS = 10_000_000
 """Of each parser."""
+DEPTH = 6
+EXPLORED = re.compile(r"^explored: .*, depth (\d+): (\d+) states, (\d+) inputs, \d+ steps in \d+ starts, (\d+) unreached$",
+                      re.MULTILINE)
+SOAKED = ROOT / "tests" / "desktop" / "soak_record.json"
+TIMES = {"browse dialog": 100, "changes of language": 200, "password by back by the watch": 200}
+"""How often at least; not told here: 500 times."""
 HOURS = 8
 SESSIONS = {"sessions"}
 
@@ -24,6 +33,29 @@ def fault_matrix(output, code):
     tried, held = int(told[1]), int(told[2])
     return Measure("fault matrix", "{:,} cells tried, {:,} held".format(tried, held), goal="all held",
                    met=code == 0 and 0 < tried == held)
+
+
+def explorer(output, code):
+    """From what the explorer's tests print, and their exit code."""
+    found = [tuple(map(int, told)) for told in EXPLORED.findall(output)]
+    figure = "{:,} states and {:,} inputs from {} starts".format(
+        sum(states for _, states, _, _ in found), sum(inputs for _, _, inputs, _ in found), len(found))
+    met = code == 0 and bool(found) and all(depth >= DEPTH and unreached == 0 for depth, _, _, unreached in found)
+    return Measure("windows explored", figure, goal="the rules hold to depth %d" % DEPTH, met=met)
+
+
+def soaks(record):
+    """`record`: {what was done: {"times", "growths", "faults"}}; None where there is none."""
+    if record is None:
+        return [Measure("soak", "no record")]
+    return [soak(name, entry) for name, entry in sorted(record.items())]
+
+
+def soak(name, entry):
+    grown = ", ".join("%s %+d" % pair for pair in entry["growths"].items() if pair[1] != 0)
+    least = TIMES.get(name, 500)
+    return Measure("soak, " + name, "%d times; %s" % (entry["times"], grown or "nothing grew"),
+                   goal="flat, at least %d times" % least, met=not entry["faults"] and entry["times"] >= least)
 
 
 def fuzzers(record):
@@ -56,8 +88,21 @@ def told_runs(runs, seconds):
     return "{:,} runs in {:.1f} hours".format(runs, seconds / 3600)
 
 
+def native_tests(program, names, **variables):
+    """What they print, and their exit code."""
+    run = subprocess.run([program, "--gtest_brief=1", "--gtest_filter=" + names], cwd=ROOT, stdout=subprocess.PIPE,
+                         env={**os.environ, **variables}, text=True)
+    return run.stdout, run.returncode
+
+
+def read(path):
+    return json.loads(path.read_text(encoding="utf-8")) if path.exists() else None
+
+
 def measures():
-    run = subprocess.run([NATIVE_TESTS, "--gtest_brief=1", "--gtest_filter=*Fault*"], cwd=ROOT,
-                         stdout=subprocess.PIPE, text=True)
-    record = json.loads(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else None
-    return [fault_matrix(run.stdout, run.returncode), *fuzzers(record)]
+    return [
+        fault_matrix(*native_tests(NATIVE_TESTS, "*Fault*")),
+        explorer(*native_tests(FAST_TESTS, "*Explored*", EXPLORED_DEPTH=str(DEPTH))),
+        *soaks(read(SOAKED)),
+        *fuzzers(read(RECORD)),
+    ]

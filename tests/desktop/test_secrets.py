@@ -38,6 +38,12 @@ def mark_and_expire(world):
     places(world)["ARCHIVE"]["accounts"][0]["password_expired"] = True
 
 
+def mark_and_restrict(world):
+    mark(world)
+    for place, restriction in zip(places(world).values(), ("cannot_change_password", "locked", "disabled"), strict=True):
+        place["accounts"][0][restriction] = True
+
+
 class SecretsCase(DesktopCase):
     options = {
         "dlls": {**STAND_INS, **practice_directory.LIBRARY},
@@ -97,6 +103,13 @@ class Secrets(SecretsCase):
         self.assertEqual([again.length(box) for box in (OLD, NEW, CONFIRM)], [0, 0, 0])
         self.look(again.window)
         self.assertIn(CHANGED, self.run_and_look(again, OLD_MARK)[0])
+
+    def test_restricted_accounts_leave_no_trace(self):
+        self.network = PracticeNetwork(self.desktop, mark_and_restrict)
+        window = self.open()
+        paragraphs = self.run_and_look(window, OLD_MARK)
+        self.assertEqual([NOT_CHANGED in text for text in paragraphs], [True] * 3)
+        self.assertEqual(set(self.network.passwords().values()), {OLD_MARK})
 
     def test_a_refused_confirmation_and_the_settings_leave_no_trace(self):
         window = self.open()

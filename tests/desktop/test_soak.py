@@ -1,7 +1,7 @@
 """Each form opened and closed again and again in one process, after which it holds no more than before.
 
 KESTRELMOOR_SOAK=long does so 500 times instead of 20, with 210 changes of language and 100 browse dialogs; it leaves
-the readings in out/desktop/soak-*.csv.
+the readings in out/desktop/soak-*.csv, and what has grown in soak_record.json.
 """
 
 import csv
@@ -9,6 +9,7 @@ import os
 import unittest
 
 import practice_directory
+import soak_record
 from desktop import OUT
 from desktop_case import PICTURES, DesktopCase
 from password_window import PROGRAM, SETTINGS, STAND_INS, targets
@@ -89,8 +90,11 @@ class SoakCase(DesktopCase):
         common = labels * kept_by_system(self.desktop, "label") + lists * kept_by_system(self.desktop, "list")
         return {"common": common, "private": labels * PAGES_OF_LABEL, "loads": loads}
 
-    def assert_flat(self, soak, **kept):
-        self.assertEqual({}, soak.faults(**self.kept(**kept)), soak.growths())
+    def assert_flat(self, soak, times, **kept):
+        faults = soak.faults(**self.kept(**kept))
+        if LONG:
+            soak_record.keep(self.id(), times, soak.growths(), faults)
+        self.assertEqual({}, faults, soak.growths())
 
 
 class OpenCase(SoakCase):
@@ -102,26 +106,31 @@ class OpenCase(SoakCase):
 class Forms(OpenCase):
     def test_settings(self):
         roads = self.open()
-        self.assert_flat(self.soak(self.process, roads.settings, OPENINGS), labels=LABELS["settings"], loads=1)
+        soak = self.soak(self.process, roads.settings, OPENINGS)
+        self.assert_flat(soak, OPENINGS, labels=LABELS["settings"], loads=1)
 
     def test_about(self):
         roads = self.open()
         settings = roads.open_settings()
-        self.assert_flat(self.soak(self.process, lambda: roads.about(settings), OPENINGS), labels=LABELS["about"])
+        soak = self.soak(self.process, lambda: roads.about(settings), OPENINGS)
+        self.assert_flat(soak, OPENINGS, labels=LABELS["about"])
 
     def test_password_by_back(self):
         roads = self.open()
-        self.assert_flat(self.soak(self.process, roads.password, OPENINGS), labels=LABELS["password"], lists=1)
+        soak = self.soak(self.process, roads.password, OPENINGS)
+        self.assert_flat(soak, OPENINGS, labels=LABELS["password"], lists=1)
 
     def test_changes_of_language(self):
         roads = self.open()
         soak = self.soak(self.process, lambda: roads.languages(LANGUAGE_ROWS), LANGUAGE_ROUNDS, warm_up=2)
-        self.assert_flat(soak, labels=LABELS["settings"] * len(LANGUAGE_ROWS), loads=LANGUAGE_ROWS.count(ENGLISH_ROW))
+        self.assert_flat(soak, LANGUAGE_ROUNDS * len(LANGUAGE_ROWS), labels=LABELS["settings"] * len(LANGUAGE_ROWS),
+                         loads=LANGUAGE_ROWS.count(ENGLISH_ROW))
 
     def test_browse_dialog(self):
         roads = self.open()
         settings = roads.open_settings()
-        self.assert_flat(self.soak(self.process, lambda: roads.browse(settings), BROWSES), labels=LABELS["browse"])
+        soak = self.soak(self.process, lambda: roads.browse(settings), BROWSES)
+        self.assert_flat(soak, BROWSES, labels=LABELS["browse"])
 
 
 class FormsInClassicStyle(OpenCase):
@@ -146,7 +155,8 @@ class ByTheWatch(SoakCase):
             process = self.start(network)
             self.desktop.box(pid=process.pid).press("Enter")
             roads = Roads(self.desktop, process)
-            self.assert_flat(self.soak(process, roads.password, WATCHED), labels=LABELS["password"], lists=1)
+            soak = self.soak(process, roads.password, WATCHED)
+            self.assert_flat(soak, WATCHED, labels=LABELS["password"], lists=1)
 
 
 class Leaks(OpenCase):

@@ -157,12 +157,15 @@ def grow(record, name, is_plain, runs, seconds, findings):
         add(entry.setdefault("since_finding", {}), {"runs": runs, "seconds": seconds})
 
 
-def add_to_record(fuzzer, runs, seconds, findings):
+def add_to_record(fuzzer, seed, runs, seconds, findings):
+    """With the seed of a fuzzer that makes the same inputs again from it."""
     OUT.mkdir(parents=True, exist_ok=True)
     with open(OUT / "record.lock", "w", encoding="utf-8") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         record = json.loads(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else {}
         grow(record, fuzzer.name, fuzzer.preset == "fuzz_plain", runs, seconds, findings)
+        if fuzzer.name == PO_COMPILER:
+            record[fuzzer.name].setdefault("pieces", []).append({"runs": runs, "seed": seed})
         fresh = OUT / "record.json"
         fresh.write_text(json.dumps(record, indent=2, sort_keys=True) + "\n", encoding="utf-8")
         os.replace(fresh, RECORD)
@@ -174,13 +177,14 @@ def run_long(fuzzer, runs, seconds):
     end = time.monotonic() + seconds if seconds else float("inf")
     left = runs or float("inf")
     while left > 0 and time.monotonic() < end:
-        bounds = ["-seed=%d" % (time.time_ns() // 1000 % 2**31 + 1),
+        seed = time.time_ns() // 1000 % 2**31 + 1
+        bounds = ["-seed=%d" % seed,
                   "-max_total_time=%d" % max(1, min(CHUNK_SECONDS, end - time.monotonic()))]
         if runs:
             bounds.append("-runs=%d" % left)
         begin = processor_seconds()
         code, done, said, found = fuzzer.fuzz([fuzzer.corpus, fuzzer.seeds], *bounds)
-        add_to_record(fuzzer, done, round(processor_seconds() - begin), len(found))
+        add_to_record(fuzzer, seed, done, round(processor_seconds() - begin), len(found))
         if code != 0 or done == 0:
             fuzzer.tell(said, found)
             return 1

@@ -54,6 +54,26 @@ class Sources(unittest.TestCase):
         with self.assertRaises(RuntimeError):
             tried.fault_matrix("nothing was run\n", 0)
 
+    def test_the_explorer_has_to_go_deep_enough_from_every_start(self):
+        line = "explored: %s, depth %d: 77 states, 1000 inputs, 9 steps in 2 starts, %d unreached\n"
+        found = tried.explorer(line % ("settings", 6, 0) + line % ("about", 6, 0), 0)
+        self.assertEqual(("154 states and 2,000 inputs from 2 starts", True), (found.figure, found.met))
+        self.assertIs(False, tried.explorer(line % ("settings", 6, 0) + line % ("about", 5, 0), 0).met)
+        self.assertIs(False, tried.explorer(line % ("settings", 6, 1), 0).met)
+        self.assertIs(False, tried.explorer(line % ("settings", 6, 0), 1).met)
+        self.assertIs(False, tried.explorer("", 0).met)
+
+    def test_a_soak_has_to_be_flat_and_long_enough(self):
+        record = {"settings": {"times": 500, "growths": {"gdi": 0, "common": 12, "private": -4096}, "faults": []}}
+        found, = tried.soaks(record)
+        self.assertEqual(("soak, settings", "500 times; common +12, private -4096", "flat, at least 500 times", True),
+                         (found.what, found.figure, found.goal, found.met))
+        record["settings"]["times"] = 499
+        self.assertIs(False, tried.soaks(record)[0].met)
+        record["settings"].update(times=500, faults=["common"])
+        self.assertIs(False, tried.soaks(record)[0].met)
+        self.assertEqual(["no record"], [measure.figure for measure in tried.soaks(None)])
+
     def test_fuzzers_are_told_with_runs_and_hours_with_and_without_sanitizers(self):
         record = {}
         for piece in [("registry", False, 9999999, 1800, 0), ("command_line", False, 9000000, 720, 0),

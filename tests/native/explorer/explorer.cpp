@@ -279,8 +279,15 @@ std::vector<UserAction> Explorer::ActionsHere() const {
     const Form* const form = Application::Current().ActiveForm();
     if (form == nullptr)
         return {};
-    if (practice::TheWorld().browser.Current() != nullptr || form->Name() == mStart.explored)
-        return ClosedInTurn(PossibleActions());
+    if (practice::TheWorld().browser.Current() != nullptr)
+        return PossibleActions();
+    if (form->Name() == mStart.explored) {
+        std::vector<UserAction> actions = ClosedInTurn(PossibleActions());
+        // The sessions of the fuzzer have not these two, so that what it has found stays what it was.
+        for (const int code : {key::kPageUp, key::kEnd})
+            actions.push_back({ActionKind::Press, {}, code});
+        return actions;
+    }
     if (form->Name() == u"frmPass")
         return {{ActionKind::Click, u"cmdSettings"}};
     return {{ActionKind::Press, {}, key::kReturn}, {ActionKind::Press, {}, key::kEscape}};

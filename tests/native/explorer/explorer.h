@@ -22,7 +22,7 @@ struct StartOfExploration {
     std::vector<UserAction> prefix{};              ///< what leads to the window that is explored
     String explored;                               ///< the form; of others only the ways back are tried
     std::size_t states;                            ///< that there are at least, as deep as it goes
-    std::size_t depth = 3;                         ///< in inputs, where no other is asked for
+    std::size_t depth = 0;                         ///< in inputs, where no other is asked for
     std::vector<int> answers{};                    ///< to the first boxes, as buttons
 };
 
