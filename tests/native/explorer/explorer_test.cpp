@@ -28,8 +28,9 @@ TEST_P(Explored, HoldsTheRulesOfTheWindowsInEveryState) {
     std::printf("explored: %s, depth %zu: %zu states, %zu inputs, %zu steps in %zu starts, %zu unreached\n",
                 start.name.c_str(), depth, result.states, result.inputs, result.steps, result.starts,
                 result.unreached);
-    if (depth >= start.depth)
+    if (depth >= start.depth) {
         EXPECT_GE(result.states, start.states);
+    }
     EXPECT_EQ(result.unreached, 0U);
 }
 
