@@ -114,7 +114,7 @@ const std::vector<StartOfExploration>& StartsOfExploration() {
         {"narrowed", "", Narrowed, {}, u"frmPass", 97, 6, {6}},
         {"style", "/f", Themed, {}, u"frmPass", 73, 3},
         {"settings", "/f", OneServer, kToSettings, u"frmSettings", 488, 4},
-        {"settings without servers", "/f", NoTarget, kToSettings, u"frmSettings", 1505, 6},
+        {"settings without servers", "/f", NoTarget, kToSettings, u"frmSettings", 242, 4},
         {"settings of many servers", "/f", ManyServers, kToSettings, u"frmSettings", 167, 2},
         {"settings of a domain user", "/f", DomainUser, kToSettings, u"frmSettings", 152, 3},
         {"settings of narrowed targets", "", Narrowed, kToSettings, u"frmSettings", 188, 3, {6}},
