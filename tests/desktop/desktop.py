@@ -24,6 +24,9 @@ from waiting import PATIENCE, wait_until
 from wine_desktop import OUT, NoWine, Process, WineDesktop
 import windows_registry
 
+RDW_ALL_NOW = 0x0001 | 0x0080 | 0x0100
+"""RDW_INVALIDATE, RDW_ALLCHILDREN and RDW_UPDATENOW."""
+
 STILL_ATTEMPTS = 20
 """How many pictures are taken at most until two in a row are alike; a caret that blinks may spoil some."""
 
@@ -261,6 +264,10 @@ class Desktop(WineDesktop):
     def call_in(self, window, library, function, *numbers):
         """What a function of a system library returns in the program that owns the window."""
         return self.driver.number("call", window.handle, library, function, *numbers)
+
+    def paint(self, window):
+        """Has the window and its controls painted at once, for which the program leaves whatever it was about."""
+        self.call_in(window, "user32.dll", "RedrawWindow", window.handle, 0, 0, RDW_ALL_NOW)
 
     def set_clipboard(self, text):
         self.driver.call("clipboard", text)

@@ -3,6 +3,8 @@
 import pathlib
 import re
 
+from waiting import wait_until
+
 MEASURES = ("windows", "user", "gdi", "kernel", "loads", "own", "common", "private")
 
 NOISE = {"windows": 0.5, "user": 0.5, "gdi": 1.5, "kernel": 1.5, "loads": 0.5, "own": 64, "common": 128,
@@ -31,7 +33,19 @@ class Meter:
         self._folder = _host_folder(program, desktop.display)
 
     def read(self, window):
-        """`window` is one of the program's, which is at rest."""
+        """`window` is one of the program's. A reading counts once the next one is the same: what a painting under way
+        holds for a moment is none of what the program keeps."""
+        readings = [self._read(window)]
+
+        def at_rest():
+            readings.append(self._read(window))
+            return readings[-1] == readings[-2]
+
+        wait_until(at_rest, "two readings that are the same")
+        return readings[-1]
+
+    def _read(self, window):
+        self._desktop.paint(window)
         own, common = self._desktop.heap_bytes(window)
         return {**self._desktop.handles(self._process), "user": self._desktop.user_handles(),
                 "loads": sum(self._desktop.loads(self._process).values()), "own": own, "common": common,

@@ -16,7 +16,6 @@ from settings_window import OK as SETTINGS_OK
 from waiting import wait_until
 
 WM_SETTEXT, WM_COMMAND, BM_CLICK, CB_SETCURSEL, CBN_SELCHANGE = 0x000C, 0x0111, 0x00F5, 0x014E, 1
-RDW_ALL_NOW = 0x0001 | 0x0080 | 0x0100
 INVALID_PASSWORD = 86
 NORMAL_ACCOUNT = 0x201
 WORDS = {OLD: "Old-Password-1", NEW: "New-Password-2", CONFIRM: "New-Password-2"}
@@ -104,7 +103,7 @@ class Roads:
     def _wait(self, class_name):
         """A form that is open and painted: what its first painting makes is made in the first turns, too."""
         window = self._desktop.wait_window(class_name=class_name, pid=self._pid)
-        self._desktop.call_in(window, "user32.dll", "RedrawWindow", window.handle, 0, 0, RDW_ALL_NOW)
+        self._desktop.paint(window)
         return window
 
     def _control(self, window, identifier):

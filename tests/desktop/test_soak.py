@@ -202,7 +202,20 @@ class Readings:
         return []
 
 
+class Restless(Meter):
+    """Made up: a program that still has something under way."""
+
+    def __init__(self, *readings):
+        self._readings = iter(readings)
+
+    def _read(self, _window):
+        return next(self._readings)
+
+
 class Judgement(unittest.TestCase):
+    def test_what_a_program_holds_for_a_moment_counts_for_nothing(self):
+        self.assertEqual(282, Restless(283, 287, 282, 282, 288).read(None))
+
     def faults(self, turns, measure, number, **kept):
         readings = Readings(measure, number)
         soak = Soak(readings, readings.turn)
