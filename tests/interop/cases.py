@@ -14,6 +14,10 @@ from windows_codes import ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT
 
 BROKEN_OFF = (ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT)
 """Codes of a connection that ended, or fell silent, ahead of an answer."""
+HAND_OUT_A_BUFFER = {
+    "NetWkstaUserGetInfo", "NetWkstaGetInfo", "NetGetDCName", "DsGetDcNameW", "NetUserGetInfo", "NetUserModalsGet",
+}
+"""Calls whose caller owes a buffer back when they succeed."""
 
 
 @cache
@@ -84,3 +88,23 @@ class BridgeCase(unittest.TestCase):
         return self.send(
             "NetUserChangePassword", domainname=name, username=None, oldpassword=old, newpassword=new
         )["code"]
+
+
+class ProgramCase(BridgeCase):
+    """A test in which Moorlink.exe itself makes the calls: each buffer that it was handed comes back once."""
+
+    def setUp(self):
+        super().setUp()
+        # Comes when the program has ended, with its desktop.
+        self.addCleanup(self._prove_buffers)
+
+    def _prove_buffers(self):
+        with self.subTest("the buffers that the program was handed"):
+            self.assertEqual(*buffers_of(self.bridge.record))
+
+
+def buffers_of(record):
+    """What the releases in a record of calls should have been, one True for each buffer handed out, and what they
+    were: False stands for a release of nothing that is out."""
+    handed_out = [call for call in record if call["call"] in HAND_OUT_A_BUFFER and call["code"] == 0]
+    return [True] * len(handed_out), [call["known"] for call in record if call["call"] == "NetApiBufferFree"]

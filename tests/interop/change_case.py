@@ -7,7 +7,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 
-from cases import BridgeCase  # noqa: E402
+from cases import ProgramCase  # noqa: E402
 from desktop import Desktop, NoWine  # noqa: E402
 from password_window import PROGRAM, STAND_INS, PasswordWindow, targets  # noqa: E402
 from servers import USER  # noqa: E402
@@ -53,7 +53,7 @@ def require_program():
         raise RuntimeError("%s not built; the remedy: ./build.sh" % ", ".join(missing))
 
 
-class ChangeCase(BridgeCase):
+class ChangeCase(ProgramCase):
     """One old password for all targets, as a person types it."""
 
     OLD = "Common-old-word-1"

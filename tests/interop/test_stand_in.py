@@ -10,7 +10,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from cases import BridgeCase, fresh  # noqa: E402
+from cases import BridgeCase, buffers_of, fresh  # noqa: E402
 from servers import USER  # noqa: E402
 
 PROJECT = Path(__file__).resolve().parents[2]
@@ -128,6 +128,12 @@ class OverTheBridge(BridgeCase):
         self.assertEqual(
             [(call["known"], call["outstanding"]) for call in freed], [(True, 1), (True, 0), (False, 0)]
         )
+
+    def test_a_buffer_that_stays_out_and_one_that_comes_back_twice_are_seen(self):
+        self.probe(("NetWkstaUserGetInfo",))
+        self.assertEqual(*buffers_of(self.bridge.record))
+        self.assertNotEqual(*buffers_of(self.bridge.record[:-1]))
+        self.assertNotEqual(*buffers_of([*self.bridge.record, {**FREED, "known": False}]))
 
     def test_failed_query_leaves_no_buffer_behind(self):
         self.probe(("NetUserGetInfo", "\\\\NOWHERE", USER), ("NetWkstaUserGetInfo",))

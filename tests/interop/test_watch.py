@@ -12,7 +12,7 @@ sys.path.insert(0, str(Path(__file__).parent))
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 
 import practice_directory  # noqa: E402
-from cases import BridgeCase, fresh  # noqa: E402
+from cases import ProgramCase, fresh  # noqa: E402
 from desktop import Desktop, NoWine  # noqa: E402
 from desktop_case import PICTURES  # noqa: E402
 from mapped_windows import MappedWindows  # noqa: E402
@@ -35,7 +35,7 @@ def setUpModule():
             raise RuntimeError("%s not built; the remedy: ./build.sh" % path.name)
 
 
-class WatchedServers(BridgeCase):
+class WatchedServers(ProgramCase):
     """The user's computer, a server and a domain, whose passwords last 42 days."""
 
     dlls = STAND_INS

@@ -52,6 +52,13 @@ void CheckLog(const practice::File& file, Broken& broken) {
     }
 }
 
+/// With the colours it loads its icon, which is the only one so large.
+std::size_t ColoursTakenByAbout(const practice::World& world) {
+    const std::vector<practice::Call> loads = world.calls.Of("LoadImageW");
+    const auto is_large = [](const practice::Call& load) { return load.arguments[1] == u"48"; };
+    return static_cast<std::size_t>(std::ranges::count_if(loads, is_large));
+}
+
 } // namespace
 
 Broken SecretsOnForms() {
@@ -102,15 +109,18 @@ Broken BrokenLogs(const practice::World& world) {
 Broken Leftovers(const practice::World& world, const StartedWorld& started) {
     Broken broken;
     const std::size_t modules = world.handles.Outstanding(practice::HandleKind::Module);
-    const bool edited = world.calls.Count("FindFirstFileW") != 0; // the settings were open
-    // The about window keeps the handle of a visual style that it takes its colours from.
+    // Each time the settings open, the library in use is loaded once more and refuses to leave.
+    const std::size_t modules_kept = world.calls.Count("FindFirstFileW");
+    // Each time the about window takes its colours from a visual style, it keeps the handle of that.
     const std::size_t themes = world.handles.Outstanding(practice::HandleKind::Theme);
+    const std::size_t themes_kept = ColoursTakenByAbout(world);
     const std::size_t others = world.OutstandingHandles() - modules - themes;
     if (others != 0)
         broken.push_back("handles left open: " + std::to_string(others));
-    if (themes != 0 && world.calls.Count("ReadVersionRecord") == 0)
+    if (themes > themes_kept)
         broken.push_back("visual styles left open: " + std::to_string(themes));
-    if (modules != 0 && !edited && !started.has_faults)
+    // One whose export isn't found is neither used nor asked to leave.
+    if (modules > modules_kept && !started.hides_exports)
         broken.push_back("libraries left loaded: " + std::to_string(modules));
     if (world.handles.WrongReleases() != 0)
         broken.push_back("wrong releases: " + std::to_string(world.handles.WrongReleases()));

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 
 namespace kestrelmoor::fuzz {
 
@@ -166,8 +167,9 @@ void ChangeMachine(World& world, SessionBytes& bytes) {
 
 constexpr std::uint32_t kBufferTooSmall = 0x80020013;
 
-/// Calls that can be answered, each with codes that their servers or their system give.
-void LayFault(World& world, SessionBytes& bytes) {
+/// Calls that can be answered, each with codes that their servers or their system give. The name of that
+/// which will fail.
+std::string_view LayFault(World& world, SessionBytes& bytes) {
     struct Failing {
         const char* name;
         std::uint32_t codes[4];
@@ -213,6 +215,7 @@ void LayFault(World& world, SessionBytes& bytes) {
     const auto nth = static_cast<int>(bytes.Below(8)); // 0: every call
     // The program asks with ever larger buffers, without a limit of its own: some time one is large enough.
     world.Fail(call.name, code, code == kBufferTooSmall ? std::max(nth, 1) : nth);
+    return call.name;
 }
 
 } // namespace
@@ -239,7 +242,7 @@ StartedWorld MakeWorld(World& world, SessionBytes& bytes) {
         ChangeMachine(world, bytes);
     started.has_faults = (parts & 8) != 0;
     for (std::size_t left = started.has_faults ? bytes.Below(4) + 1 : 0; left > 0; --left)
-        LayFault(world, bytes);
+        started.hides_exports = LayFault(world, bytes) == "GetProcAddress" || started.hides_exports;
     started.has_directory = world.network.directory.present;
     world.pump_milliseconds = (parts & 16) != 0 ? 200 : 10;
     if ((parts & 32) != 0)

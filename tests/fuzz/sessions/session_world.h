@@ -13,6 +13,7 @@ inline constexpr char16_t kOldPassword[] = u"Old-XYZZY-1"; ///< that of every ac
 /// What a start stands in, as far as the checks behind it need to know.
 struct StartedWorld {
     bool has_faults = false;    ///< some call will fail
+    bool hides_exports = false; ///< one of them looks for a library's export
     bool has_directory = false; ///< at any time
 };
 
