@@ -69,6 +69,16 @@ void RunProgram(Observer& observer) {
     }
 }
 
+std::set<std::size_t> PlacesOf(const std::vector<practice::Fault>& faults,
+                               const std::vector<practice::Call>& calls) {
+    std::set<std::size_t> places;
+    for (const practice::Fault& fault : faults)
+        for (std::size_t place = 0, nth = 0; place < calls.size(); ++place)
+            if (calls[place].name == fault.name && ++nth == static_cast<std::size_t>(fault.nth))
+                places.insert(place);
+    return places;
+}
+
 } // namespace
 
 const std::vector<Scenario>& AllScenarios() {
@@ -89,6 +99,7 @@ Outcome RunScenario(const Scenario& scenario, const std::vector<practice::Fault>
         outcome.made = observer.Made();
     }
     outcome.calls = std::make_shared<std::vector<practice::Call>>(world.calls.All());
+    outcome.failed = PlacesOf(faults, *outcome.calls);
     GiveBackAll();
     outcome.modules_left = world.handles.Outstanding(practice::HandleKind::Module);
     outcome.themes_left = world.handles.Outstanding(practice::HandleKind::Theme);

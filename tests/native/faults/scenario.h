@@ -3,6 +3,7 @@
 #include "platform/practice/world/world.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ struct Outcome {
     std::vector<std::size_t> made;  ///< of each line ahead of the changes: the calls made when it was shown
     std::vector<std::string> log;   ///< the lines of the log, where one was kept; each is one Append
     std::shared_ptr<const std::vector<practice::Call>> calls;
+    std::set<std::size_t> failed; ///< the places of the calls that a fault answered
     std::size_t handles_left = 0; ///< handed out by the platform and not got back, but for the two below
     std::size_t modules_left = 0;
     std::size_t themes_left = 0;

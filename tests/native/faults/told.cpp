@@ -10,7 +10,6 @@ namespace kestrelmoor::tests {
 namespace {
 
 using Lines = std::vector<std::string>;
-using practice::Call;
 
 /// The lines of `a` that `b` doesn't have, as often as it doesn't.
 Lines Without(Lines a, const Lines& b) {
@@ -46,30 +45,32 @@ std::string AgainstGone(const Lines& lines, const Lines& told) {
     return Complaints("gone, and not told", untold) + Complaints("told, and not gone", unneeded);
 }
 
-/// The place of the nth call with one of these names.
-std::size_t PlaceOf(const Lines& names, std::size_t nth, const std::vector<Call>& calls) {
-    for (std::size_t place = 0; place < calls.size(); ++place)
-        if (std::ranges::count(names, calls[place].name) != 0 && nth-- == 0)
+/// The place of the nth call with one of these names that no fault answered.
+std::size_t PlaceOf(const Lines& names, std::size_t nth, const Outcome& run) {
+    for (std::size_t place = 0; place < run.calls->size(); ++place)
+        if (std::ranges::count(names, (*run.calls)[place].name) != 0 && !run.failed.contains(place) &&
+            nth-- == 0)
             return place;
     throw std::runtime_error("there is no such call: " + names.front());
 }
 
 /// The place of the call that a change of the world comes from: the nth of its kind from the nth such call.
-std::size_t PlaceOfChange(const std::string& kind, std::size_t nth, const std::vector<Call>& calls) {
+std::size_t PlaceOfChange(const std::string& kind, std::size_t nth, const Outcome& run) {
     static const std::map<std::string, Lines> kCalls{
         {"mutex", {"CreateMutexA"}},
         {"session", {"ExitWindowsEx"}},
         {"password", {"NetUserChangePassword", "IADsUser.ChangePassword"}},
         {"file", {"OpenForAppending"}},
     };
-    return PlaceOf(kCalls.at(kind), nth, calls);
+    return PlaceOf(kCalls.at(kind), nth, run);
 }
 
 /// How many lines the log has when the call in that place is made.
-std::size_t LoggedBy(std::size_t place, const std::vector<Call>& calls) {
-    return static_cast<std::size_t>(std::count_if(calls.begin(),
-                                                  calls.begin() + static_cast<std::ptrdiff_t>(place),
-                                                  [](const Call& call) { return call.name == "Append"; }));
+std::size_t LoggedBy(std::size_t place, const Outcome& run) {
+    std::size_t lines = 0;
+    for (std::size_t i = 0; i < place; ++i)
+        lines += (*run.calls)[i].name == "Append" && !run.failed.contains(i) ? 1U : 0U;
+    return lines;
 }
 
 /// What is left of an outcome if its run ends at the call in that place.
@@ -79,15 +80,13 @@ Outcome UpTo(std::size_t place, const Outcome& whole) {
     std::map<std::string, std::size_t> changes;
     for (std::size_t i = 0; i < whole.lines.size(); ++i) {
         const std::string kind = whole.lines[i].substr(0, whole.lines[i].find(' '));
-        const bool is_left = i < whole.made.size()
-                                 ? whole.made[i] <= place
-                                 : PlaceOfChange(kind, changes[kind]++, *whole.calls) < place;
+        const bool is_left = i < whole.made.size() ? whole.made[i] <= place
+                                                   : PlaceOfChange(kind, changes[kind]++, whole) < place;
         if (is_left)
             left.lines.push_back(whole.lines[i]);
     }
-    left.log.assign(whole.log.begin(),
-                    whole.log.begin() + static_cast<std::ptrdiff_t>(
-                                            std::min(whole.log.size(), LoggedBy(place, *whole.calls))));
+    left.log.assign(whole.log.begin(), whole.log.begin() + static_cast<std::ptrdiff_t>(std::min(
+                                                               whole.log.size(), LoggedBy(place, whole))));
     return left;
 }
 
@@ -153,7 +152,7 @@ std::string Told::Against(const Outcome& base, const Outcome& outcome, const Sce
         against = AgainstGone(Without(left.lines, outcome.lines), gone) +
                   Against("more", Without(outcome.lines, left.lines), more);
     if (scenario.IsLogged())
-        against += AgainstLog(WithParts(log, left.log, LoggedBy(place, *base.calls)), outcome.log);
+        against += AgainstLog(WithParts(log, left.log, LoggedBy(place, base)), outcome.log);
     return against + AgainstHandles(outcome, scenario);
 }
 

@@ -1,7 +1,6 @@
 #include "tests/native/faults/told_table.h"
 
 #include "platform/practice/world/host_file.h"
-#include "runtime/errors.h"
 
 #include <algorithm>
 #include <regex>
@@ -103,14 +102,6 @@ std::optional<Cell> WithoutTheFirst(const Cell& first, const Cell& second, const
     return std::nullopt;
 }
 
-bool FitsPair(const json& rule, const Cell& first, const Cell& second) {
-    return Names(rule.at("first"), first.Call().name) && Names(rule.at("second"), second.Call().name) &&
-           practice::TextOf(second.Call()).find(rule.value("where", "")) != std::string::npos &&
-           (!rule.contains("nth") || Counts(rule.at("nth"), first.Fault().nth)) &&
-           (!rule.contains("second_nth") || Counts(rule.at("second_nth"), second.Fault().nth)) &&
-           (!rule.contains("scenario") || Names(rule.at("scenario"), first.scenario->name));
-}
-
 } // namespace
 
 practice::Fault Cell::Fault() const {
@@ -185,6 +176,15 @@ bool ToldTable::Fits(const json& rule, const Cell& cell) const {
            }) == rule.at("nth").get<int>();
 }
 
+bool ToldTable::FitsPair(const json& rule, const Cell& first, const Cell& second) const {
+    return Names(rule.at("first"), first.Call().name) && Names(rule.at("second"), second.Call().name) &&
+           practice::TextOf(second.Call()).find(rule.value("where", "")) != std::string::npos &&
+           FitsNeighbours(rule, second) &&
+           (!rule.contains("nth") || Counts(rule.at("nth"), first.Fault().nth)) &&
+           (!rule.contains("second_nth") || Counts(rule.at("second_nth"), second.Fault().nth)) &&
+           (!rule.contains("scenario") || Names(rule.at("scenario"), first.scenario->name));
+}
+
 std::optional<std::size_t> ToldTable::RuleFor(const Cell& cell) const {
     const json& rules = mTable.at("rules");
     const auto found = std::ranges::find_if(rules, [&](const json& rule) { return Fits(rule, cell); });
@@ -200,6 +200,14 @@ std::string ToldTable::WordsFor(std::uint32_t code) const {
     return found == words.end() ? std::string() : found->get<std::string>();
 }
 
+/// A COM result is its own number, with a sign, but for those in the list `numbers`.
+std::string ToldTable::NumberFor(std::uint32_t code) const {
+    const json& numbers = mTable.at("numbers");
+    const auto found = numbers.find(std::to_string(code));
+    return std::to_string(found == numbers.end() ? static_cast<std::int32_t>(code)
+                                                 : found->get<std::int32_t>());
+}
+
 /// How the user is told that a call has failed. The one that is not diagnosing reads of the directory what
 /// came with its failure, which knows no codes of the network.
 std::string ToldTable::FailureOf(const Cell& cell) const {
@@ -211,12 +219,11 @@ std::string ToldTable::FailureOf(const Cell& cell) const {
 
 std::string ToldTable::Filled(std::string pattern, const Cell& cell) const {
     const practice::Call& call = cell.Call();
-    const auto number = ErrorNumberOfComResult(static_cast<std::int32_t>(cell.code));
     ReplaceAll(pattern, "{failure}", FailureOf(cell));
     ReplaceAll(pattern, "{words}", WordsFor(cell.code));
     ReplaceAll(pattern, "{call}", call.name);
     ReplaceAll(pattern, "{code}", std::to_string(cell.code));
-    ReplaceAll(pattern, "{number}", std::to_string(number));
+    ReplaceAll(pattern, "{number}", NumberFor(cell.code));
     ReplaceAll(pattern, "{argument}", call.arguments.empty() ? "" : ToUtf8(call.arguments.front()));
     const json& targets = mTable.at("targets");
     const auto target = std::ranges::find_if(targets, [&](const json& one) {
@@ -273,26 +280,41 @@ Told ToldTable::ToldBy(std::size_t rule, const Cell& cell) const {
     return Read(mTable.at("rules").at(rule).at("told"), cell);
 }
 
+void ToldTable::AddCalls(const json& operation, const Cell& cell, std::vector<std::size_t>& followers) const {
+    for (std::size_t i = cell.place + 1; i < cell.calls->size(); ++i) {
+        const practice::Call& call = (*cell.calls)[i];
+        if (!Answers(call) || call.name == "Append")
+            continue;
+        if (Names(operation.at("begins"), call.name))
+            return;
+        if (Names(operation.at("calls"), call.name)) {
+            if (std::ranges::count(followers, i) == 0)
+                followers.push_back(i);
+        } else if (!Names(operation.value("between", json::array()), call.name))
+            return;
+    }
+}
+
+void ToldTable::AddLines(const json& operation, const Cell& cell, std::vector<std::size_t>& followers) const {
+    for (std::size_t i = cell.place + 1; i < cell.calls->size(); ++i) {
+        const practice::Call& call = (*cell.calls)[i];
+        if (call.name == "Append")
+            followers.push_back(i);
+        else if (Answers(call) && !Names(operation.at("between"), call.name))
+            return;
+    }
+}
+
 std::vector<std::size_t> ToldTable::FollowersOf(const Cell& cell) const {
     std::vector<std::size_t> followers;
     for (const std::string& name : cell.scenario->pairs) {
         const json& operation = mTable.at("operations").at(name);
         if (!Names(operation.at("calls"), cell.Call().name))
             continue;
-        for (std::size_t i = cell.place + 1; i < cell.calls->size(); ++i) {
-            const practice::Call& call = (*cell.calls)[i];
-            if (!Answers(call) || call.name == "Append")
-                continue;
-            if (Names(operation.at("begins"), call.name))
-                break;
-            if (!Names(operation.at("calls"), call.name)) {
-                if (Names(operation.value("between", json::array()), call.name))
-                    continue;
-                break;
-            }
-            if (std::ranges::count(followers, i) == 0)
-                followers.push_back(i);
-        }
+        if (operation.contains("begins"))
+            AddCalls(operation, cell, followers);
+        else
+            AddLines(operation, cell, followers);
     }
     return followers;
 }
@@ -331,6 +353,8 @@ ToldTable::ForPair ToldTable::LinesForPair(const Cell& first, const Cell& second
         return {rule, WithoutWords(ToldFor(first).value()), false};
     if (told == "first without a box")
         return {rule, WithoutABox(ToldFor(first).value()), false};
+    if (found->value("against", "") == "first")
+        return {rule, Read(told, second), true};
     return {rule, Read(told, first), false};
 }
 

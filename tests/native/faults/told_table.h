@@ -25,18 +25,20 @@ struct Cell {
 };
 
 /// The file told.json beside this one: `codes` that a call fails with, the calls that answer nothing
-/// (`unanswered`), the calls of one `operation` (those `between` them don't end it), and the `rules`, of
-/// which the first that fits a cell tells its outcome. A rule fits by `call`, `where` (a text in the call
-/// with its arguments), `nth` (among the calls of the run that fit so far), `previous` and `next` (names of
-/// the calls around it; log lines and calls that answer nothing don't count for the next one), `scenario` and
-/// `code` (codes, or the name of one of the `groups`). An outcome has the members of Told, under the same
-/// names. In texts stand {call}, {code}, {number} (the run-time's number of a COM result), {words} (the
-/// system's, from the list `words`), {failure} (how a failed call is told to the user), {argument} (the first
-/// one), and of the call's target {row}, {phrase} and {password}; "@NAME" stands for the lines of a list. For
-/// the codes in the group "without words" the system has no text.
+/// (`unanswered`), the calls of one `operation` (those `between` them don't end it; one that names no call
+/// that `begins` it has the lines that are logged behind a call), and the `rules`, of which the first that
+/// fits a cell tells its outcome. A rule fits by `call`, `where` (a text in the call with its arguments),
+/// `nth` (among the calls of the run that fit so far), `previous` and `next` (names of the calls around it;
+/// log lines and calls that answer nothing don't count for the next one), `scenario` and `code` (codes, or
+/// the name of one of the `groups`). An outcome has the members of Told, under the same names. In texts stand
+/// {call}, {code}, {number} (the error number that a COM result becomes), {words} (the system's, from the
+/// list `words`), {failure} (how a failed call is told to the user), {argument} (the first one), and of the
+/// call's target {row}, {phrase} and {password}; "@NAME" stands for the lines of a list. For the codes in the
+/// group "without words" the system has no text.
 ///
-/// A rule of `pairs` fits two faults, with `nth` and `second_nth` among the calls of that name, and `where`
-/// in the second one. It has an outcome of its own, or one of these names:
+/// A rule of `pairs` fits two faults, with `nth` and `second_nth` among the calls of that name, and `where`,
+/// `previous` and `next` of the second one. It has an outcome of its own, for the second one and `against`
+/// the run with the "first" alone if it says so, else for the first one, or one of these names:
 ///   "second": what is told for the second one, against the run with the first alone
 ///   "first": that of the first; so it is without a rule, too
 ///   "first without words", "first without a box": the second one costs the first its text or its box
@@ -75,14 +77,20 @@ class ToldTable {
     ForPair LinesForPair(const Cell& first, const Cell& second) const;
     std::pair<Told, bool> Graver(const Cell& first, const Cell& second, const nlohmann::json& names) const;
     bool Answers(const practice::Call& call) const;
+    void AddCalls(const nlohmann::json& operation, const Cell& cell,
+                  std::vector<std::size_t>& followers) const;
+    void AddLines(const nlohmann::json& operation, const Cell& cell,
+                  std::vector<std::size_t>& followers) const;
     bool FitsCall(const nlohmann::json& rule, const practice::Call& call) const;
     bool Fits(const nlohmann::json& rule, const Cell& cell) const;
     bool FitsNeighbours(const nlohmann::json& rule, const Cell& cell) const;
+    bool FitsPair(const nlohmann::json& rule, const Cell& first, const Cell& second) const;
     std::vector<LogPart> LogParts(const nlohmann::json& outcome, const Cell& cell) const;
     Told Read(const nlohmann::json& outcome, const Cell& cell) const;
     std::vector<std::string> Patterns(const nlohmann::json& patterns, const Cell& cell) const;
     std::string Filled(std::string pattern, const Cell& cell) const;
     std::string WordsFor(std::uint32_t code) const;
+    std::string NumberFor(std::uint32_t code) const;
     std::string FailureOf(const Cell& cell) const;
 
     nlohmann::json mTable;
