@@ -5,10 +5,15 @@ import os
 import pathlib
 import re
 import subprocess
+import sys
 
 from figures import Measure
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path.insert(0, str(ROOT / "tests" / "fuzz"))
+
+from run import quiet  # noqa: E402
+
 NATIVE_TESTS = ROOT / "out" / "sanitized" / "tests" / "native" / "native_tests"
 FAST_TESTS = ROOT / "out" / "native" / "tests" / "native" / "native_tests"
 """The same without sanitizers, with which the explorer would take too long."""
@@ -59,29 +64,39 @@ def soak(name, entry):
 
 
 def fuzzers(record):
-    """`record`: {name: {"runs", "seconds", "findings", "since_finding"}}, those without sanitizers apart; None where
-    there is none."""
+    """`record`: {name: {"runs", "seconds", "findings", "alarms", "since_finding", "before_alarms"}}, those without
+    sanitizers apart; None where there is none."""
     if record is None:
         return [Measure("fuzzers", "no record")]
     return [fuzzer(name, entry) for name, entry in sorted(record.items())]
 
 
 def fuzzer(name, entry):
-    """Seconds are those of a processor. What counts is all that was run since the last finding, with sanitizers and
-    without."""
+    """Seconds are those of a processor. What counts is all that was run since the last finding that was no alarm, with
+    sanitizers and without."""
     entries = [entry, entry["without_sanitizers"]] if "without_sanitizers" in entry else [entry]
     runs, seconds, findings = (sum(one[key] for one in entries) for key in ("runs", "seconds", "findings"))
-    quiet_runs, quiet_seconds = (sum(one["since_finding"][key] for one in entries) for key in ("runs", "seconds"))
     figure = told_runs(runs, seconds)
     if len(entries) > 1:
         figure += ", {:,} of them with sanitizers".format(entry["runs"])
     figure += ", findings: %d" % findings
+    alarms = entry.get("alarms", 0)
+    if alarms:
+        figure += " (%d of them alarms of a rule that asked too much)" % alarms
     if findings:
-        figure += "; since the last one %s" % told_runs(quiet_runs, quiet_seconds)
+        figure += "; since the last one %s" % told_runs(*total(one["since_finding"] for one in entries))
+    quiet_runs, quiet_seconds = total(map(quiet, entries))
+    if alarms:
+        figure += ", since the last one that was no alarm %s" % told_runs(quiet_runs, quiet_seconds)
     if name in SESSIONS:
         return Measure("fuzzer " + name, figure, goal="at least %d quiet hours" % HOURS,
                        met=quiet_seconds >= HOURS * 3600)
     return Measure("fuzzer " + name, figure, goal="at least {:,} quiet runs".format(RUNS), met=quiet_runs >= RUNS)
+
+
+def total(counts):
+    """Runs and seconds."""
+    return tuple(map(sum, zip(*((one["runs"], one["seconds"]) for one in counts))))
 
 
 def told_runs(runs, seconds):

@@ -3,6 +3,7 @@
     run.py short                               every fuzzer for a moment, what was once found first
     run.py long NAME --runs N | --seconds N    one fuzzer, on from the seeds and from what it has found interesting
     run.py minimise NAME                       adds to the seeds what has turned out to be interesting
+    run.py alarm NAME                          what the last finding broke was a rule of ours that asked too much
 
 A fuzzer is a program NAME_fuzz of the build with the preset fuzz; --plain takes the preset fuzz_plain, without
 sanitizers and faster, and its runs are counted apart. seeds/NAME holds files to begin with, regressions/NAME what
@@ -11,6 +12,7 @@ out/fuzz/findings.
 """
 
 import argparse
+import contextlib
 import fcntl
 import json
 import os
@@ -143,8 +145,8 @@ def add(counts, more):
 
 
 def grow(record, name, is_plain, runs, seconds, findings):
-    """One entry for each fuzzer, with the runs that were made without sanitizers apart; seconds of a processor. With a
-    finding begins anew, for both, what is counted since the last one."""
+    """One entry for each fuzzer, with the runs that were made without sanitizers apart; seconds of a processor. A finding
+    puts in doubt, for both, all that was run before: what is counted begins anew."""
     entries = [record.setdefault(name, {})]
     if is_plain or "without_sanitizers" in entries[0]:
         entries.append(entries[0].setdefault("without_sanitizers", {}))
@@ -152,23 +154,50 @@ def grow(record, name, is_plain, runs, seconds, findings):
     add(entry, {"runs": runs, "seconds": seconds, "findings": findings})
     if findings:
         for one in entries:
+            add(one.setdefault("in_doubt", {}), quiet(one))
+            one.pop("before_alarms", None)
             one["since_finding"] = {"runs": 0, "seconds": 0}
     else:
         add(entry.setdefault("since_finding", {}), {"runs": runs, "seconds": seconds})
 
 
-def add_to_record(fuzzer, seed, runs, seconds, findings):
-    """With the seed of a fuzzer that makes the same inputs again from it."""
+def quiet(entry):
+    """What was run since the last finding that was no alarm."""
+    counts = {"runs": 0, "seconds": 0}
+    for part in ("since_finding", "before_alarms"):
+        add(counts, entry.get(part, {}))
+    return counts
+
+
+def take_for_an_alarm(entry):
+    """Of the last finding, where a rule of the tests asked too much and was mended by letting more through: what was run
+    before it holds by the mended rule as well, and counts again."""
+    if "in_doubt" not in entry:
+        raise ValueError("there is no finding that waits for a judgement")
+    add(entry, {"alarms": 1})
+    for one in (entry, entry.get("without_sanitizers", {})):
+        add(one.setdefault("before_alarms", {}), one.pop("in_doubt", {}))
+
+
+@contextlib.contextmanager
+def changed_record():
+    """For one process at a time."""
     OUT.mkdir(parents=True, exist_ok=True)
     with open(OUT / "record.lock", "w", encoding="utf-8") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         record = json.loads(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else {}
-        grow(record, fuzzer.name, fuzzer.preset == "fuzz_plain", runs, seconds, findings)
-        if fuzzer.name == PO_COMPILER:
-            record[fuzzer.name].setdefault("pieces", []).append({"runs": runs, "seed": seed})
+        yield record
         fresh = OUT / "record.json"
         fresh.write_text(json.dumps(record, indent=2, sort_keys=True) + "\n", encoding="utf-8")
         os.replace(fresh, RECORD)
+
+
+def add_to_record(fuzzer, seed, runs, seconds, findings):
+    """With the seed of a fuzzer that makes the same inputs again from it."""
+    with changed_record() as record:
+        grow(record, fuzzer.name, fuzzer.preset == "fuzz_plain", runs, seconds, findings)
+        if fuzzer.name == PO_COMPILER:
+            record[fuzzer.name].setdefault("pieces", []).append({"runs": runs, "seed": seed})
 
 
 def run_long(fuzzer, runs, seconds):
@@ -184,7 +213,7 @@ def run_long(fuzzer, runs, seconds):
             bounds.append("-runs=%d" % left)
         begin = processor_seconds()
         code, done, said, found = fuzzer.fuzz([fuzzer.corpus, fuzzer.seeds], *bounds)
-        add_to_record(fuzzer, seed, done, round(processor_seconds() - begin), len(found))
+        add_to_record(fuzzer, seed, done, round(processor_seconds() - begin), int(code != 0))
         if code != 0 or done == 0:
             fuzzer.tell(said, found)
             return 1
@@ -206,6 +235,16 @@ def minimise(fuzzer):
     return 0
 
 
+def judge_as_alarm(name):
+    try:
+        with changed_record() as record:
+            take_for_an_alarm(record.get(name, {}))
+    except ValueError as error:
+        print("%s: %s" % (name, error), file=sys.stderr)
+        return 2
+    return 0
+
+
 def main(arguments=None):
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     modes = parser.add_subparsers(dest="mode", required=True)
@@ -217,9 +256,12 @@ def main(arguments=None):
     long_mode.add_argument("--plain", action="store_true", help="the build without sanitizers")
     long_mode.add_argument("name", choices=names())
     modes.add_parser("minimise").add_argument("name", choices=[name for name in names() if name != PO_COMPILER])
+    modes.add_parser("alarm").add_argument("name", choices=names())
     options = parser.parse_args(arguments)
     if options.mode == "short":
         return run_short()
+    if options.mode == "alarm":
+        return judge_as_alarm(options.name)
     fuzzer = Fuzzer(options.name, options.mode == "long" and options.plain)
     if not fuzzer.is_built():
         parser.error("%s is not there: build the target fuzzers with the preset %s" % (fuzzer.program, fuzzer.preset))

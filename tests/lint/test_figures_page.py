@@ -100,6 +100,26 @@ class Sources(unittest.TestCase):
         run.grow(record, "message", True, 1, 0, 0)
         self.assertIs(True, tried.fuzzers(record)[0].met)
 
+    def test_a_finding_that_was_an_alarm_gives_back_what_it_put_in_doubt(self):
+        record = {}
+        for piece in [("sessions", False, 5, 20000, 0), ("sessions", False, 3, 100, 1), ("sessions", False, 2, 8800, 0)]:
+            run.grow(record, *piece)
+        self.assertIs(False, tried.fuzzers(record)[0].met)
+        run.take_for_an_alarm(record["sessions"])
+        found, = tried.fuzzers(record)
+        self.assertIs(True, found.met)
+        self.assertEqual("10 runs in 8.0 hours, findings: 1 (1 of them alarms of a rule that asked too much); since the "
+                         "last one 2 runs in 2.4 hours, since the last one that was no alarm 7 runs in 8.0 hours",
+                         found.figure)
+        run.grow(record, "sessions", False, 1, 1, 1)
+        self.assertEqual({"runs": 0, "seconds": 0}, run.quiet(record["sessions"]))
+
+    def test_an_alarm_has_to_have_been_a_finding(self):
+        record = {}
+        run.grow(record, "message", False, 5, 20, 0)
+        with self.assertRaises(ValueError):
+            run.take_for_an_alarm(record["message"])
+
     def test_without_a_record_there_are_no_figures_of_fuzzers(self):
         self.assertEqual(["no record"], [measure.figure for measure in tried.fuzzers(None)])
 

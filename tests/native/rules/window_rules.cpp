@@ -38,7 +38,9 @@ void WindowRules::CheckHooks(Findings& found) {
         mHooks.reset();
     } else if (!mHooks || mHooks->window.lock() != forms.front()) {
         const bool refused = asked >= (asked < mHooksAsked ? 0 : mHooksAsked) + 2;
-        found.Expect((gKeyboardHook != 0 && gMouseHook != 0) || refused, "the hooks of the cues");
+        const bool handed_on = mHooks && gKeyboardHook == mHooks->keyboard && gMouseHook == mHooks->mouse;
+        found.Expect((gKeyboardHook != 0 && gMouseHook != 0) || refused || handed_on,
+                     "the hooks of the cues");
         mHooks = {forms.front(), gKeyboardHook, gMouseHook};
     } else {
         found.Expect(gKeyboardHook == mHooks->keyboard && gMouseHook == mHooks->mouse,

@@ -33,7 +33,7 @@ class WindowRules {
     void LookAt(const Form& form, Findings& found);
 
     /// They are there with a password window, unless cues are always shown; one that is missing has been
-    /// asked for. What is there stays.
+    /// asked for, or was missing with the window that made this one. What is there stays.
     void CheckHooks(Findings& found);
 
     std::optional<PasswordWindowRules> mPassword;

@@ -38,6 +38,25 @@ class RulesOfTheWindows : public PasswordRows {
         ExpectSilence();
     }
 
+    /// Of the only target, so that OK is the way back.
+    void RunWithoutSuccess() {
+        Configure({u"\\\\ARCHIVE"}, false);
+        Open();
+        TypePasswords(kOldPassword, kNewPassword);
+        rules.Look();
+        world.Fail("NetUserChangePassword", 2245, 1);
+        ClickOk();
+        ExpectSilence();
+    }
+
+    /// Into a new window, which nobody but the program holds.
+    void GoBack() {
+        ASSERT_TRUE(user.ClickOn(At(u"cmdOK")));
+        form.reset();
+        ASSERT_NE(OnlyForm(), nullptr);
+        EXPECT_FALSE(OnlyForm()->Find(u"txtStatus").Visible());
+    }
+
     /// Over the password window, as if it had been asked for.
     frmSettings& OpenSettings() {
         Open();
@@ -207,13 +226,7 @@ TEST_F(RulesOfTheWindows, SeeASessionThatWouldGoOn) {
 }
 
 TEST_F(RulesOfTheWindows, SeeAWayBackThatIsMissing) {
-    Configure({u"\\\\ARCHIVE"}, false);
-    Open();
-    TypePasswords(kOldPassword, kNewPassword);
-    rules.Look();
-    world.Fail("NetUserChangePassword", 2245, 1);
-    ClickOk();
-    ExpectSilence();
+    RunWithoutSuccess();
     At(u"cmdOK").SetEnabled(false);
     ExpectComplaint("the way back is offered exactly where");
 }
@@ -247,6 +260,24 @@ TEST_F(RulesOfTheWindows, LetASystemRefuseTheHooksOfTheCues) {
     EXPECT_EQ(gMouseHook, 0U);
     ExpectSilence();
     ExpectSilence();
+}
+
+TEST_F(RulesOfTheWindows, LetTheWindowBehindAWayBackDoWithoutTheHooksThatWereRefused) {
+    gForceWindow = true;
+    world.Fail("SetWindowsHookExW", 5, 0);
+    RunWithoutSuccess();
+    GoBack();
+    EXPECT_EQ(gMouseHook, 0U);
+    ExpectSilence();
+}
+
+TEST_F(RulesOfTheWindows, SeeAHookOfTheCuesThatAWayBackHasLost) {
+    gForceWindow = true;
+    RunWithoutSuccess();
+    GoBack();
+    const auto hook = std::exchange(gMouseHook, 0);
+    ExpectComplaint("the hooks of the cues");
+    gMouseHook = hook;
 }
 
 TEST_F(RulesOfTheWindows, SeeHelpOfferedWithoutAHelpFile) {
