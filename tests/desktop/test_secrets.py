@@ -83,6 +83,23 @@ class SecretsCase(DesktopCase):
 
 
 class Secrets(SecretsCase):
+    """The registry is looked at behind each road, and the files that it is kept in behind all of them."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.addClassCleanup(cls.look_at_hives)
+
+    @classmethod
+    def look_at_hives(cls):
+        cls.desktop.stop()
+        found = Traces(cls.desktop, *PASSWORDS).in_hives()
+        assert not found, found
+
+    def tearDown(self):
+        super().tearDown()
+        self.assertEqual(self.traces.in_registry(), set())
+
     def test_success_and_the_log_off_leave_no_trace(self):
         window = self.open()
         paragraphs = self.run_and_look(window, OLD_MARK)

@@ -127,7 +127,7 @@ class Traces:
     def in_hives(self):
         """Of the files in which Wine keeps the registry, which it has written when the desktop has been stopped."""
         files = [self.desktop.prefix_file("..") / name for name in ("user.reg", "system.reg", "userdef.reg")]
-        return set().union(*(self._in_export(file.name, file.read_bytes()) for file in files if file.exists()))
+        return set().union(*(self._in_export(file.name, file.read_bytes()) for file in files))
 
     def _in_export(self, name, exported):
         """Of texts as they stand and of data that is given in hexadecimal."""

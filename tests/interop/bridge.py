@@ -43,8 +43,8 @@ class Change(NamedTuple):
 
 
 class Bridge:
-    """`address` is where it listens; `record` holds the calls so far, each with its "code", and `told` is
-    called with each. `changes` holds what was asked of servers. A computer's name (in lower case, without
+    """`address` is where it listens; `asked` holds the calls that have come, `record` those that were answered,
+    each with its "code", and `told` is called with each. `changes` holds what was asked of servers. A computer's name (in lower case, without
     backslashes) that stands in `misnamed` leads to the server given there.
 
     The program's user is logged on as `user_name` at `computer_name`, which is in no domain. On each server
@@ -52,6 +52,7 @@ class Bridge:
     """
 
     def __init__(self, network, user_name=USER, computer_name="DESK1", workgroup="WORKGROUP", told=None):
+        self.asked = []
         self.record = []
         self.changes = []
         self.misnamed = {}
@@ -71,6 +72,8 @@ class Bridge:
     def answer(self, request):
         """Makes the call. A call or level that the bridge doesn't know is refused as the API does it."""
         call = request["call"]
+        shown = {key: value for key, value in request.items() if key not in _SECRETS}
+        self.asked.append(shown)
         with self._one_at_a_time:
             if request.get("level") != _SUPPORTED_LEVEL.get(call):
                 reply = {"code": codes.ERROR_INVALID_LEVEL}
@@ -80,7 +83,6 @@ class Bridge:
                 reply = self._directory.answer(request)
             else:
                 reply = {"code": codes.ERROR_NOT_SUPPORTED}
-            shown = {key: value for key, value in request.items() if key not in _SECRETS}
             self.record.append({**shown, "code": reply["code"]})
             self._told(self.record[-1])
         return reply

@@ -61,18 +61,18 @@ class BridgeCase(unittest.TestCase):
                 self._prove_changes_of(server, user, asked)
 
     def _prove_changes_of(self, server, user, asked):
-        """What was told as changed lets in with the new password, and no longer with an earlier one; what was
-        told as refused doesn't let in with the refused one. A change that broke off may have been made: then
-        either of two passwords lets in, and not both."""
+        """What was told as changed lets in with the new password, and no longer with an earlier one; where nothing
+        was, the one that was set does. What was told as refused doesn't let in with the refused one. A change that
+        broke off may have been made: then either of two passwords lets in, and not both."""
         done = [change for change in asked if change.code == 0]
-        if done:
-            behind = asked[asked.index(done[-1]) + 1:]
-            held = {done[-1].new} | {change.new for change in behind if change.code in BROKEN_OFF}
-            self.assertEqual([server.log_on(user, new) for new in held].count(True), 1, "the new password")
-            for old in {change.old for change in done} - held:
-                self.assertFalse(server.log_on(user, old), "an old password")
+        behind = asked[asked.index(done[-1]) + 1:] if done else asked
+        last = done[-1].new if done else server.set_passwords[user]
+        held = {last} | {change.new for change in behind if change.code in BROKEN_OFF}
+        self.assertEqual([server.log_on(user, word) for word in held].count(True), 1, "the password in force")
+        for old in {change.old for change in done} - held:
+            self.assertFalse(server.log_on(user, old), "an old password")
         taken = {change.new for change in asked if change.code in (0, *BROKEN_OFF)}
-        for new in {change.new for change in asked} - taken - {server.first_password}:
+        for new in {change.new for change in asked} - taken - {server.first_password, last}:
             self.assertFalse(server.log_on(user, new), "a refused password")
 
     def send(self, call, **arguments):

@@ -39,6 +39,7 @@ class Server:
         self.names = names
         self.first_password = first_password
         self.addresses = {}
+        self.set_passwords = {}
         self.enclosure = Enclosure(_FOLDERS)
         try:
             self.tool(["mkdir", "-p", "/run/samba", "/var/lib/samba/private"])
@@ -65,7 +66,9 @@ class Server:
         return result.returncode == 0
 
     def set_password(self, user, password):
-        """Sets the password as the server's administrator, past the rules for users."""
+        """Sets the password as the server's administrator, past the rules for users; `set_passwords` tells the last
+        one of each."""
+        self.set_passwords[user] = password
         self.tool(["smbpasswd", "-s", user], f"{password}\n{password}\n")
 
     def require_change(self, user):
