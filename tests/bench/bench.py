@@ -31,8 +31,10 @@ that makes the same calls (`tests/bench/bare`)."""
 TESTS = """\
 `./bench.sh tests`: the fault matrix and the explorer of the windows are run. The soak's growths, in handles and bytes,
 are those of its last long run (`KESTRELMOOR_SOAK=long tests/desktop/run.sh test_soak`), which
-`tests/desktop/soak_record.json` keeps; flat is what grows by no more than a bare program's labels and lists do. The
-fuzzers' runs (`tests/fuzz/run.py long NAME`) are those that `tests/fuzz/record.json` keeps."""
+`tests/desktop/soak_record.json` keeps; flat is what grows by no more than a bare program's labels and lists do in the
+heap, by no more than 64 bytes of pages for each label, which is a bound and no measure, and by one load of the English
+library each time that the settings look into it. The fuzzers' runs (`tests/fuzz/run.py long NAME`) are those that
+`tests/fuzz/record.json` keeps."""
 
 
 def processes(pairs):
