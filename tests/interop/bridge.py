@@ -44,8 +44,8 @@ class Change(NamedTuple):
 
 class Bridge:
     """`address` is where it listens; `asked` holds the calls that have come, `record` those that were answered,
-    each with its "code", and `told` is called with each. `changes` holds what was asked of servers. A computer's name (in lower case, without
-    backslashes) that stands in `misnamed` leads to the server given there.
+    each with its "code", and `told` is called with each. `changes` holds what was asked of servers. A computer's
+    name (in lower case, without backslashes) that stands in `misnamed` leads to the server given there.
 
     The program's user is logged on as `user_name` at `computer_name`, which is in no domain. On each server
     the session has the password that the server began with, or the last one that came over the bridge.
