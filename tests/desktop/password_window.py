@@ -19,6 +19,7 @@ TITLE = "Change Password"
 TITLE_DURING = "Changing Password"
 TITLE_AFTER = "Password Change Results"
 CHANGED = ": The password has been changed."
+NOT_CHANGED = ": The password has not been changed."
 PATIENCE = 30.0
 """Seconds that a change on a real server may take."""
 
@@ -138,7 +139,7 @@ class PasswordWindow:
 
     def _prove(self, paragraphs):
         """On each target that is told as changed the old password no longer lets in, and the one that was typed
-        here does."""
+        here does; on each that is told as not changed, the old one still does."""
         accounts = Accounts.behind(self.process)
         if accounts is None:
             return
@@ -148,6 +149,9 @@ class PasswordWindow:
                 raise AssertionError("%s is told as changed, and the old password still lets in" % target)
             if self._new not in (None, password):
                 raise AssertionError("%s is told as changed, and the new password does not let in" % target)
+        for target in (words.partition(NOT_CHANGED)[0] for words in paragraphs if NOT_CHANGED in words):
+            if accounts.knows(target) and accounts.password(target) != self._accounts_before.password(target):
+                raise AssertionError("%s is told as not changed, and the old password no longer lets in" % target)
 
     def paragraphs(self):
         return self.text(STATUS).split("\r\n\r\n")

@@ -64,8 +64,14 @@ class Accounts:
 
     def password(self, target):
         """`target` as the password window names it: the local computer begins with a blank."""
-        place = self.local if target.startswith(" ") else self._places[target.removeprefix("\\\\").lower()]
-        return place["accounts"][0]["password"]
+        return self._place(target)["accounts"][0]["password"]
+
+    def knows(self, target):
+        """Whether it leads anywhere."""
+        return self._place(target) is not None
+
+    def _place(self, target):
+        return self.local if target.startswith(" ") else self._places.get(target.removeprefix("\\\\").lower())
 
 
 def program_folder(desktop, **files):

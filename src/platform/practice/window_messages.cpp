@@ -56,11 +56,10 @@ std::intptr_t CallWindowProcW(PreviousProcedure previous, WindowHandle hWnd, std
 std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam,
                            std::intptr_t lParam) {
     TheWorld().calls.Enter("SendMessageW", {hWnd, uMsg, wParam, lParam});
-    if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd)) {
-        if (uMsg == window_message::kSetText || uMsg == browse_message::kSetSelectionW)
-            TheWorld().calls.Pass("SendMessageW", StringView(reinterpret_cast<const char16_t*>(lParam)));
+    if (uMsg == window_message::kSetText || uMsg == browse_message::kSetSelectionW)
+        TheWorld().calls.Pass("SendMessageW", StringView(reinterpret_cast<const char16_t*>(lParam)));
+    if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd))
         return practice::SystemWindows::Answer(*window, uMsg, wParam, lParam);
-    }
     return practice::DeliverMessage(hWnd, uMsg, wParam, lParam);
 }
 
