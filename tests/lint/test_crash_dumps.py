@@ -9,6 +9,8 @@ from sources import ROOT, relative, tracked
 CALL = re.compile(rb"MiniDump\w*|Wer[A-Z]\w+|ReportFault\w*|AddERExcludedApplication\w*|RtlReportException\w*")
 """Calls of the system that write a dump, ask for one, or keep one from being written."""
 WIDE = re.compile(rb"(?:\w\0)+")
+HANDLER = re.compile(r"\w*SetUnhandledExceptionFilter\b|\w*AddVectored\w+|\bsignal\(|\b__except\b|\b_set_se_translator\b")
+"""Ways to take a fault ahead of the system."""
 ERROR_MODE = re.compile(r"\bSetErrorMode\(([^()]*)\)")
 MODES = {
     "src/platform/windows/entry.cpp": ["SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX"],
@@ -23,12 +25,12 @@ def calls_in(image):
     return {name.decode("ascii") for text in texts for name in CALL.findall(text)}
 
 
-def modes():
-    """{file: what it sets}"""
+def found_in_sources(pattern):
+    """{file: what fits there}"""
     found = {}
     for path in tracked(".cpp", ".h", ".c"):
-        if path.is_relative_to(ROOT / "src") and (set_here := ERROR_MODE.findall(path.read_text(encoding="utf-8"))):
-            found[relative(path)] = set_here
+        if path.is_relative_to(ROOT / "src") and (here := pattern.findall(path.read_text(encoding="utf-8"))):
+            found[relative(path)] = here
     return found
 
 
@@ -38,13 +40,20 @@ class CrashDumps(unittest.TestCase):
         self.assertEqual(set(), calls_in(PROGRAM.read_bytes()))
 
     def test_no_error_mode_keeps_the_system_from_a_fault(self):
-        self.assertEqual(MODES, modes())
+        self.assertEqual(MODES, found_in_sources(ERROR_MODE))
+
+    def test_no_handler_of_ours_comes_ahead_of_the_systems(self):
+        self.assertEqual({}, found_in_sources(HANDLER))
 
 
 class TheSearch(unittest.TestCase):
     def test_names_are_found_narrow_and_wide(self):
         image = b"\0MiniDumpWriteDump\0x\0" + "WerSetFlags\0".encode("utf-16-le") + b"Were\0Answer\0"
         self.assertEqual({"MiniDumpWriteDump", "WerSetFlags"}, calls_in(image))
+
+    def test_handlers_are_found(self):
+        for line in ("::SetUnhandledExceptionFilter(f)", 'Find("AddVectoredExceptionHandler")', "signal(SIGSEGV, f)"):
+            self.assertTrue(HANDLER.search(line), line)
 
 
 if __name__ == "__main__":

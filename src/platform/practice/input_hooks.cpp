@@ -77,7 +77,8 @@ std::intptr_t CallNextHookEx(HookHandle hHook, int nCode, std::uintptr_t wParam,
 }
 
 std::array<std::uint8_t, 256> GetKeyboardState() {
-    TheWorld().calls.Enter("GetKeyboardState");
+    if (TheWorld().calls.Enter("GetKeyboardState"))
+        return {};
     return TheWorld().key_states;
 }
 

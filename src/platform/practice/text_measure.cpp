@@ -12,7 +12,8 @@ constexpr Twips kCharacterWidth = 90;
 } // namespace
 
 Twips TextWidth(const Font& font, StringView text) {
-    practice::TheWorld().calls.Enter("TextWidth", {font.Name(), String(text)});
+    if (practice::TheWorld().calls.Enter("TextWidth", {font.Name(), String(text)}))
+        return 0;
     return static_cast<Twips>(text.size()) * kCharacterWidth;
 }
 

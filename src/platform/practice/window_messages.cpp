@@ -55,9 +55,11 @@ std::intptr_t CallWindowProcW(PreviousProcedure previous, WindowHandle hWnd, std
 
 std::intptr_t SendMessageW(WindowHandle hWnd, std::uint32_t uMsg, std::uintptr_t wParam,
                            std::intptr_t lParam) {
-    TheWorld().calls.Enter("SendMessageW", {hWnd, uMsg, wParam, lParam});
+    const bool failed = TheWorld().calls.Enter("SendMessageW", {hWnd, uMsg, wParam, lParam}).has_value();
     if (uMsg == window_message::kSetText || uMsg == browse_message::kSetSelectionW)
         TheWorld().calls.Pass("SendMessageW", StringView(reinterpret_cast<const char16_t*>(lParam)));
+    if (failed)
+        return 0;
     if (practice::SystemWindow* const window = practice::SystemWindows::Current().Find(hWnd))
         return practice::SystemWindows::Answer(*window, uMsg, wParam, lParam);
     return practice::DeliverMessage(hWnd, uMsg, wParam, lParam);
@@ -73,7 +75,8 @@ std::optional<PixelRectangle> GetListItemRectangle(WindowHandle hWndList, int ro
 }
 
 PixelRectangle GetClientRect(WindowHandle hWnd) {
-    TheWorld().calls.Enter("GetClientRect", {hWnd});
+    if (TheWorld().calls.Enter("GetClientRect", {hWnd}))
+        return {};
     if (const Form* const form = Windows::Current().FindForm(hWnd))
         return practice::ClientArea(*form);
     const Control* const control = Windows::Current().FindControl(hWnd);
@@ -81,7 +84,8 @@ PixelRectangle GetClientRect(WindowHandle hWnd) {
 }
 
 PixelRectangle MapWindowPoints(WindowHandle hWndFrom, WindowHandle hWndTo, const PixelRectangle& rectangle) {
-    TheWorld().calls.Enter("MapWindowPoints", {hWndFrom, hWndTo});
+    if (TheWorld().calls.Enter("MapWindowPoints", {hWndFrom, hWndTo}))
+        return rectangle;
     const ScreenPoint from = CornerOf(hWndFrom);
     const ScreenPoint to = CornerOf(hWndTo);
     const int across = from.x - to.x;

@@ -41,10 +41,11 @@ class FaultMatrix : public testing::TestWithParam<std::size_t> {
     }
 
     void Judge(const std::string& cell, const std::optional<Told>& told, const Outcome& from,
-               const Outcome& outcome) {
+               const Outcome& outcome, std::size_t faults) {
         ++tried;
-        const std::string against =
-            told ? told->Against(from, outcome, scenario) : "  no rule tells its outcome\n";
+        std::string against = told ? told->Against(from, outcome, scenario) : "  no rule tells its outcome\n";
+        if (outcome.failed.size() != faults)
+            against += "  not every fault was met\n";
         held += against.empty() ? 1U : 0U;
         if (!against.empty())
             ADD_FAILURE() << cell << "\n" << against;
@@ -54,7 +55,7 @@ class FaultMatrix : public testing::TestWithParam<std::size_t> {
         for (const Cell& second : SecondCellsOf(first, failed)) {
             const ToldTable::ForPair pair = ToldTable::Current().ToldForPair(first, second);
             Judge(first.Text() + "\n  and " + second.Text(), pair.told, pair.from_first ? failed : base,
-                  RunScenario(scenario, {first.Fault(), second.Fault()}));
+                  RunScenario(scenario, {first.Fault(), second.Fault()}), 2);
         }
     }
 
@@ -62,7 +63,7 @@ class FaultMatrix : public testing::TestWithParam<std::size_t> {
         const ToldTable& table = ToldTable::Current();
         const std::optional<std::size_t> rule = table.RuleFor(cell);
         const Outcome outcome = RunScenario(scenario, {cell.Fault()});
-        Judge(cell.Text(), rule ? std::optional(table.ToldBy(*rule, cell)) : std::nullopt, base, outcome);
+        Judge(cell.Text(), rule ? std::optional(table.ToldBy(*rule, cell)) : std::nullopt, base, outcome, 1);
         TryPairs(cell, outcome);
     }
 

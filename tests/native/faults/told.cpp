@@ -45,6 +45,34 @@ std::string AgainstGone(const Lines& lines, const Lines& told) {
     return Complaints("gone, and not told", untold) + Complaints("told, and not gone", unneeded);
 }
 
+/// Of the lines that stay none may fit a pattern of those that go; of one that comes twice, one may go.
+std::string AgainstStaying(const Lines& base, const Lines& shown, const Lines& gone) {
+    const Lines went = Without(base, shown);
+    Lines staying = Without(base, went);
+    std::erase_if(staying, [&](const std::string& line) {
+        return std::ranges::count(went, line) != 0 ||
+               std::ranges::none_of(gone, [&](const std::string& pattern) { return Matches(pattern, line); });
+    });
+    return Complaints("told as gone, and still there", staying);
+}
+
+/// How many lines both have in the same order.
+std::size_t CommonInOrder(const Lines& a, const Lines& b) {
+    std::vector<std::size_t> longest(b.size() + 1);
+    for (const std::string& line : a)
+        for (std::size_t i = 0, before = 0; i < b.size(); ++i) {
+            const std::size_t above = longest[i + 1];
+            longest[i + 1] = line == b[i] ? before + 1 : std::max(above, longest[i]);
+            before = above;
+        }
+    return longest.back();
+}
+
+std::string AgainstOrder(const Lines& base, const Lines& shown) {
+    const std::size_t common = base.size() - Without(base, shown).size();
+    return CommonInOrder(base, shown) == common ? "" : "  what is shown comes in another order\n";
+}
+
 /// The place of the nth call with one of these names that no fault answered.
 std::size_t PlaceOf(const Lines& names, std::size_t nth, const Outcome& run) {
     for (std::size_t place = 0; place < run.calls->size(); ++place)
@@ -54,15 +82,18 @@ std::size_t PlaceOf(const Lines& names, std::size_t nth, const Outcome& run) {
     throw std::runtime_error("there is no such call: " + names.front());
 }
 
-/// The place of the call that a change of the world comes from: the nth of its kind from the nth such call.
+/// The place of the call that a change of the world comes from: the nth of its kind from the nth such call,
+/// but for those of the registry, which all count as made with the first one.
 std::size_t PlaceOfChange(const std::string& kind, std::size_t nth, const Outcome& run) {
     static const std::map<std::string, Lines> kCalls{
         {"mutex", {"CreateMutexA"}},
         {"session", {"ExitWindowsEx"}},
         {"password", {"NetUserChangePassword", "IADsUser.ChangePassword"}},
         {"file", {"OpenForAppending"}},
+        {"opened", {"ShellExecuteW"}},
+        {"registry", {"RegSetValueExW", "RegDeleteValueW"}},
     };
-    return PlaceOf(kCalls.at(kind), nth, run);
+    return PlaceOf(kCalls.at(kind), kind == "registry" ? 0 : nth, run);
 }
 
 /// How many lines the log has when the call in that place is made.
@@ -150,7 +181,9 @@ std::string Told::Against(const Outcome& base, const Outcome& outcome, const Sce
         against = Against("shown", outcome.lines, only);
     else
         against = AgainstGone(Without(left.lines, outcome.lines), gone) +
-                  Against("more", Without(outcome.lines, left.lines), more);
+                  AgainstStaying(left.lines, outcome.lines, gone) +
+                  Against("more", Without(outcome.lines, left.lines), more) +
+                  AgainstOrder(left.lines, outcome.lines);
     if (scenario.IsLogged())
         against += AgainstLog(WithParts(log, left.log, LoggedBy(place, base)), outcome.log);
     return against + AgainstHandles(outcome, scenario);

@@ -125,7 +125,8 @@ const ToldTable& ToldTable::Current() {
 }
 
 bool ToldTable::Answers(const practice::Call& call) const {
-    return !Names(mTable.at("unanswered"), call.name);
+    return std::ranges::none_of(mTable.at("unanswered"),
+                                [&](const json& names) { return Names(names, call.name); });
 }
 
 std::vector<std::uint32_t> ToldTable::CodesOf(const std::string& call) const {

@@ -1,11 +1,15 @@
 #include "platform/practice/world/calls.h"
 
+#include "runtime/errors.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace kestrelmoor::practice {
 
 namespace {
+
+constexpr std::uint32_t kErrorNumbers = 1000; ///< so many, from 0
 
 String Mark(std::size_t index) {
     return u"<secret " + FromUtf8(std::to_string(index + 1)) + u">";
@@ -22,7 +26,10 @@ std::optional<std::uint32_t> Calls::Enter(std::string_view name,
     if (Entered)
         Entered(mCalls.back());
     RunActions(name);
-    return TakeFault(name);
+    const std::optional<std::uint32_t> code = TakeFault(name);
+    if (code && *code >= kNotBound && *code < kNotBound + kErrorNumbers)
+        RaiseError(static_cast<std::int32_t>(*code - kNotBound));
+    return code;
 }
 
 void Calls::Pass(std::string_view name, std::string_view bytes) const {

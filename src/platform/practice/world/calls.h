@@ -36,6 +36,10 @@ struct Call {
     StringList arguments;
 };
 
+/// With the number of an error behind it, a code by which a call raises that error in place of an answer: its
+/// library (53), or its entry there (453), can't be bound.
+inline constexpr std::uint32_t kNotBound = 1000000;
+
 /// A code that a call is to answer in place of its own answer.
 struct Fault {
     std::string name;
@@ -48,7 +52,8 @@ struct Fault {
 /// The record of all calls in their order, and the faults that are laid into them.
 class Calls {
   public:
-    /// Records a call. A value: the call is to do nothing and to answer this code.
+    /// Records a call. A value: the call is to do nothing and to answer this code. Raises what a fault has it
+    /// raise.
     std::optional<std::uint32_t> Enter(std::string_view name,
                                        std::initializer_list<CallArgument> arguments = {});
 
