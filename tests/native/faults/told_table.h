@@ -25,16 +25,17 @@ struct Cell {
 };
 
 /// The file told.json beside this one: `codes` that a call fails with, the calls that answer nothing
-/// (`unanswered`, each list under its reason), the calls of one `operation` (those `between` them don't end
-/// it; one that names no call that `begins` it has the lines that are logged behind a call), and the `rules`,
-/// of which the first that fits a cell tells its outcome. A rule fits by `call`, `where` (a text in the call
-/// with its arguments), `nth` (among the calls of the run that fit so far), `previous` and `next` (names of
-/// the calls around it; log lines and calls that answer nothing don't count for the next one), `scenario` and
-/// `code` (codes, or the name of one of the `groups`). An outcome has the members of Told, under the same
-/// names. In texts stand {call}, {code}, {number} (the error number that a COM result becomes), {words} (the
-/// system's, from the list `words`), {failure} (how a failed call is told to the user), {argument} (the first
-/// one), and of the call's target {row}, {phrase} and {password}; "@NAME" stands for the lines of a list. For
-/// the codes in the group "without words" the system has no text.
+/// (`unanswered`, each list under its reason), the calls of one `operation` (it ends at a call that `begins`
+/// the next one, and at any other that is neither one of its own nor `between` them; one without `begins` has
+/// the lines that are logged behind a call), and the `rules`, of which the first that fits a cell tells its
+/// outcome. A rule fits by `call`, `where` (a text in the call with its arguments), `nth` (among the calls of
+/// the run that fit so far), `previous` and `next` (names of the calls around it; log lines and calls that
+/// answer nothing don't count for the next one), `scenario` and `code` (codes, or the name of one of the
+/// `groups`). An outcome has the members of Told, under the same names. In texts stand {call}, {code},
+/// {number} (the error number that a COM result becomes, or that a call raises which can't be bound), {words}
+/// (the system's, from the list `words`), {failure} (how a failed call is told to the user), {argument} (the
+/// first one), and of the call's target {row}, {phrase} and {password}; "@NAME" stands for the lines of a
+/// list. For the codes in the group "without words" the system has no text.
 ///
 /// A rule of `pairs` fits two faults, with `nth` and `second_nth` among the calls of that name, and `where`,
 /// `previous` and `next` of the second one. It has an outcome of its own, for the second one and `against`
