@@ -161,6 +161,16 @@ class WindowTools(DesktopCase):
                          (self.window.place.width, self.window.place.height))
 
 
+class SlowWindow(DesktopCase):
+    def test_key_waits_until_the_window_looks_at_its_messages(self):
+        program = self.desktop.start(PROGRAM, "/slow")
+        window = self.desktop.wait_window(class_name="frmTest", pid=program.pid)
+        wait_until(lambda: self.desktop.input_state(window).focus == window.handle, "the focus on the window")
+        self.desktop.press("Alt+A")
+        self.assertNotEqual(self.desktop.input_state(window).focus, window.handle)
+        self.desktop.box("Question").press("Enter")
+
+
 class ProgramTools(DesktopCase):
     options = {
         "registry": {"HKCU\\Software\\Kestrelmoor test": {"text": 'a "b" \\ ß', "number": 7, "": "unnamed",

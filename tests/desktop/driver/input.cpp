@@ -7,6 +7,23 @@ namespace kestrelmoor::driver {
 namespace {
 
 constexpr BYTE kShift = 1, kControl = 2, kAlt = 4;
+constexpr UINT kPatienceMs = 2000;
+
+// A window that hears of its focus has Wine take over which keys the screen's own keyboard holds, which are
+// none: a chord that is under way by then loses its Alt or Shift. So no key is sent before the window in
+// front has heard of all that the screen told it: it answers (what it did to the screen is on its way), the
+// screen answers, and twice the window again, for it looks at the screen before it waits anew. One that does
+// not answer is left be.
+void AwaitFocusHeard() {
+    HWND window = GetForegroundWindow();
+    const auto answers = [window] {
+        DWORD_PTR ignored = 0;
+        return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored) != 0;
+    };
+    POINT place;
+    if (window != nullptr && answers() && GetCursorPos(&place) && answers())
+        answers();
+}
 
 void Send(std::vector<INPUT>& events) {
     if (SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT)) != events.size())
@@ -85,6 +102,7 @@ Answer PressKeys(const Arguments& arguments) {
         keys.push_back(static_cast<WORD>(arguments.Number(i)));
     std::vector<INPUT> events;
     AddChord(events, keys);
+    AwaitFocusHeard();
     Send(events);
     return {};
 }
@@ -93,6 +111,7 @@ Answer TypeText(const Arguments& arguments) {
     std::vector<INPUT> events;
     for (const wchar_t unit : arguments.Text(0))
         AddCharacter(events, unit);
+    AwaitFocusHeard();
     Send(events);
     return {};
 }

@@ -1,5 +1,6 @@
 // A small program that the desktop tools are tried on: it has one control of each kind that they read, shows
-// message boxes, and with /bad as its command line has faults of layout.
+// message boxes, with /bad as its command line has faults of layout, and with /slow takes its time before it
+// looks at its messages.
 #include <windows.h>
 
 #include <string>
@@ -116,6 +117,8 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* command_line, int sh
     if (lstrcmpW(command_line, L"/bad") == 0)
         AddFaults(window);
     ShowWindow(window, show);
+    if (lstrcmpW(command_line, L"/slow") == 0)
+        Sleep(300);
     SetFocus(GetDlgItem(window, kName));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
