@@ -97,9 +97,10 @@ static int32_t LOC_CALL GetIDsOfNames(ILocalization* self, const Guid* iid, LocC
     return LOC_DISP_E_UNKNOWNNAME;
 }
 
-static int32_t LOC_CALL Invoke(ILocalization* self, int32_t member, const Guid* iid, uint32_t locale,
-                               uint16_t flags, void* parameters, void* result, void* exception,
-                               uint32_t* bad_argument) {
+static int32_t LOC_CALL
+Invoke(ILocalization* self, int32_t member, const Guid* iid, uint32_t locale, uint16_t flags,
+       void* parameters, void* result, void* exception,
+       uint32_t* bad_argument) { // NOLINT(readability-non-const-parameter): the table's type
     (void)self;
     (void)member;
     (void)iid;
@@ -181,7 +182,7 @@ static int32_t LOC_CALL Languages(ILocalization* self, LocArray** out) {
     if (!TextsAreSound()) {
         return LOC_E_DAMAGED;
     }
-    uint32_t count;
+    uint32_t count = 0;
     const uint16_t* held = HeldLanguages(&count);
     *out = NewNumberArray(held, count);
     return *out ? LOC_S_OK : LOC_E_OUTOFMEMORY;

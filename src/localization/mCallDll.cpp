@@ -11,7 +11,7 @@ Call ExportOf(platform::ModuleHandle hModule, const char* sName) {
     const auto address = platform::GetProcAddress(hModule, sName);
     if (address.value == nullptr)
         RaiseError(ErrorNumberOfSystemCode(address.last_error));
-    return reinterpret_cast<Call>(address.value); // NOLINT: that is what an export's address is
+    return reinterpret_cast<Call>(address.value);
 }
 
 } // namespace

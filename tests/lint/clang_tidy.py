@@ -1,6 +1,6 @@
 """clang-tidy over sources: what it finds.
 
-    clang_tidy.py [SOURCE]...       without a source all of the portable ones
+    clang_tidy.py [SOURCE]...       without a source all that the program and its language libraries are made of
 
 It works on the library's headers for seconds and on a source of ours for a moment. So sources are looked at in
 groups, each as one text that includes them; what can't stand behind the others, for a name that both have, makes a
@@ -25,7 +25,7 @@ import tempfile
 from sources import ROOT, relative, tracked
 
 SETTINGS = ROOT / ".clang-tidy"
-DATABASE = ROOT / "out" / "native" / "compile_commands.json"
+OF_WINDOWS = ROOT / "src" / "platform" / "windows"
 CACHE = pathlib.Path(os.environ.get("KESTRELMOOR_CACHE") or pathlib.Path.home() / ".cache" / "kestrelmoor")
 MEMBERS = 24
 """So many sources make a group at most."""
@@ -35,15 +35,39 @@ THEIR_MATTER = re.compile(r"\busing\b(?!\s+namespace\b)[^=;]*;|\bnamespace\s+\w+
 ERROR = re.compile(r"^(.+?):\d+:\d+: (?:fatal )?error: ", re.MULTILINE)
 
 
-def portable_sources():
-    of_the_program = [path for path in tracked(".cpp") if path.is_relative_to(ROOT / "src")]
-    return [path for path in of_the_program if "windows" not in relative(path)]
+ONLY_THERE = re.compile("_windows[.]c$")
+"""Of the language libraries: what the native build has no use for."""
+
+WINDOWS_COMPILER = "i686-w64-mingw32-g++-win32"
+SHAPES_OF_WINDOWS = [
+    "--checks=-cppcoreguidelines-pro-type-union-access,-cppcoreguidelines-pro-type-const-cast"
+]
+"""Its records hold unions (VARIANT, STRRET), and some of its functions declare as written to what they only read."""
+
+
+def sources_to_look_at():
+    return [path for path in tracked(".cpp", ".c")
+            if path.is_relative_to(ROOT / "src") or path.parent == ROOT / "languages"]
 
 
 def flags_by_source():
-    """What the compiler is told for each source, but for the names of files."""
+    """What clang is told for each source, but for the names of files."""
+    native = flags_of_build("native")
+    windows = flags_of_build("windows")
+    target = windows_target()
+    of_windows = {path: target + words for path, words in windows.items() if is_of_windows(path)}
+    return {**native, **of_windows}
+
+
+def is_of_windows(path):
+    return path.is_relative_to(OF_WINDOWS) or ONLY_THERE.search(path.name) is not None
+
+
+def flags_of_build(preset):
     found = {}
-    for entry in json.loads(DATABASE.read_text(encoding="utf-8")):
+    for entry in json.loads((ROOT / "out" / preset / "compile_commands.json").read_text(encoding="utf-8")):
+        if not entry["file"].endswith((".c", ".cpp")):
+            continue
         words = shlex.split(entry["command"])[1:]
         del words[words.index("-o"):words.index("-o") + 2]
         words.remove("-c")
@@ -52,11 +76,21 @@ def flags_by_source():
     return found
 
 
+def windows_target():
+    """What has clang compile as the compiler for Windows does: for its system, by its standard library."""
+    told = subprocess.run([WINDOWS_COMPILER, "-E", "-x", "c++", "-v", os.devnull],
+                          stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, encoding="utf-8", check=True).stderr
+    listed = told.partition("#include <...> search starts here:\n")[2].partition("End of search list")[0]
+    folders = [str(pathlib.Path(line.strip()).resolve()) for line in listed.splitlines() if "c++" in line]
+    return ["--target=i686-w64-mingw32", *(word for folder in folders for word in ("-isystem", folder))]
+
+
 def groups(flags):
-    """[(sources, their flags)]: sources of the same flags, near each other, in groups of about the same size."""
+    """[(sources, their flags)]: sources of the same language and flags, near each other, in groups of about the
+    same size."""
     found = []
-    for words in sorted(set(map(tuple, flags.values()))):
-        alike = sorted(path for path in flags if tuple(flags[path]) == words)
+    for kind, words in sorted({(path.suffix, tuple(words)) for path, words in flags.items()}):
+        alike = sorted(path for path in flags if (path.suffix, tuple(flags[path])) == (kind, words))
         count = -(-len(alike) // MEMBERS)
         ends = [len(alike) * number // count for number in range(count + 1)]
         found += [(alike[begin:end], words) for begin, end in zip(ends, ends[1:])]
@@ -73,9 +107,9 @@ class Inspector:
         version = subprocess.run(["clang-tidy", "--version"], stdout=subprocess.PIPE, check=True).stdout
         self._tool = [version, SETTINGS.read_bytes(), pathlib.Path(__file__).read_bytes()]
 
-    def look(self, flags):
-        """What is found in {source: its flags}."""
-        works = [(self._look_at_group, sources, words) for sources, words in groups(flags)]
+    def look(self, flags, options=()):
+        """What is found in {source: its flags}, by the settings and `options`."""
+        works = [(self._look_at_group, sources, words, options) for sources, words in groups(flags)]
         works += [
             (self._look_at, [path], words, OF_THE_MAIN_FILE)
             for path, words in sorted(flags.items())
@@ -85,21 +119,21 @@ class Inspector:
             answers = [workers.submit(*work) for work in works]
         return "".join(answer.result() for answer in answers)
 
-    def _look_at_group(self, sources, flags):
+    def _look_at_group(self, sources, flags, options):
         if len(sources) == 1:
-            return self._look_at(sources, flags)
-        compiler = ["clang++", "-fsyntax-only", "-w", "-ferror-limit=0", *flags, str(self._text_of(sources))]
+            return self._look_at(sources, flags, options)
+        compiler = ["clang", "-fsyntax-only", "-w", "-ferror-limit=0", *flags, str(self._text_of(sources))]
         tried = subprocess.run(compiler, stderr=subprocess.PIPE, encoding="utf-8")
         if tried.returncode == 0:
-            return self._look_at(sources, flags)
+            return self._look_at(sources, flags, options)
         broken = set(ERROR.findall(tried.stderr))
         apart = [path for path in sources if str(path) in broken]
         together = [path for path in sources if str(path) not in broken]
         if not apart or not together:
-            return "".join(self._look_at([path], flags) for path in sources)
-        return self._look_at_group(together, flags) + self._look_at_group(apart, flags)
+            return "".join(self._look_at([path], flags, options) for path in sources)
+        return self._look_at_group(together, flags, options) + self._look_at_group(apart, flags, options)
 
-    def _look_at(self, sources, flags, options=()):
+    def _look_at(self, sources, flags, options):
         text = self._text_of(sources)
         mark = self._cache / self.key(text, sources, flags, options)
         if mark.exists():
@@ -117,13 +151,13 @@ class Inspector:
         if len(sources) == 1:
             return sources[0]
         lines = ['#include "%s" // NOLINT(bugprone-suspicious-include)\n' % path for path in sources]
-        text = self._folder / ("%s.cpp" % hashlib.sha256("".join(lines).encode()).hexdigest())
+        text = self._folder / (hashlib.sha256("".join(lines).encode()).hexdigest() + sources[0].suffix)
         text.write_text("".join(lines), encoding="utf-8")
         return text
 
     def key(self, text, sources, flags, options):
         """Of everything that the answer hangs on. It holds in another folder, too."""
-        compiler = ["clang++", "-M", *flags, str(text)]
+        compiler = ["clang", "-M", *flags, str(text)]
         listed = subprocess.run(compiler, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, encoding="utf-8")
         read = re.findall(r"(?:\\ |\S)+", listed.stdout.partition(":")[2].replace("\\\n", " "))
         paths = [pathlib.Path(name.replace("\\ ", " ")) for name in read]
@@ -138,11 +172,13 @@ class Inspector:
 def look(sources):
     flags = flags_by_source()
     with tempfile.TemporaryDirectory() as folder:
-        return Inspector(folder).look({path: flags[path] for path in sources})
+        inspector = Inspector(folder)
+        return inspector.look({path: flags[path] for path in sources if not is_of_windows(path)}) + inspector.look(
+            {path: flags[path] for path in sources if is_of_windows(path)}, SHAPES_OF_WINDOWS)
 
 
 def main(names):
-    found = look([pathlib.Path(name).resolve() for name in names] or portable_sources())
+    found = look([pathlib.Path(name).resolve() for name in names] or sources_to_look_at())
     print(found, end="")
     return 1 if found else 0
 

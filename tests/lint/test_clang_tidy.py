@@ -1,4 +1,4 @@
-"""clang-tidy finds nothing in the portable code; and it would, however the sources are put together."""
+"""clang-tidy finds nothing in the program and its language libraries; and it would, however the sources are put together."""
 
 import pathlib
 import re
@@ -14,13 +14,24 @@ HIDDEN = "namespace {\nint hidden = 1;\n}\nint* %s() { return hidden == 0 ? null
 USING = "namespace far {\nint away();\n}\nusing far::away;\n"
 
 
-class PortableCode(unittest.TestCase):
+class Sources(unittest.TestCase):
     maxDiff = None
 
     def test_nothing_is_found(self):
-        sources = clang_tidy.portable_sources()
-        self.assertGreater(len(sources), 30)
-        self.assertEqual("", clang_tidy.look(sources))
+        self.assertEqual("", clang_tidy.look(clang_tidy.sources_to_look_at()))
+
+    def test_none_is_left_out(self):
+        looked_at = clang_tidy.sources_to_look_at()
+        for folder in ("src", "languages"):
+            self.assertEqual([], [path for path in sorted((clang_tidy.ROOT / folder).rglob("*.c*"))
+                                  if path.suffix in (".c", ".cpp") and path not in looked_at])
+        self.assertEqual(set(), set(looked_at) - set(clang_tidy.flags_by_source()))
+
+    def test_each_exception_on_the_spot_names_its_check_and_reason(self):
+        text = "\n".join(path.read_text(encoding="utf-8") for path in clang_tidy.tracked(".cpp", ".h", ".c")
+                         if path.relative_to(clang_tidy.ROOT).parts[0] in ("src", "languages"))
+        told = re.findall(r"NOLINT(?:NEXTLINE)?\([a-z0-9.-]+\): \w", text)
+        self.assertEqual((True, len(told)), (len(told) > 0, text.count("NOLINT")))
 
 
 class Exceptions(unittest.TestCase):
@@ -98,6 +109,19 @@ class MadeUp(unittest.TestCase):
         flags = ["-std=c++20"]
         (self.cache / inspector.key(source, [source], flags, ())).touch()
         self.assertEqual("", inspector.look({source: flags}))
+
+    def test_a_set_that_is_left_out_for_a_look_is_not_asked_for(self):
+        inspector = clang_tidy.Inspector(self.work, self.cache)
+        source = self.write("a.cpp", FAULTY % "A")
+        flags = {source: ["-std=c++20"]}
+        self.assertEqual("", inspector.look(flags, ["--checks=-modernize-use-nullptr"]))
+        self.assertIn("use nullptr", inspector.look(flags))
+
+    def test_a_fault_in_c_is_found(self):
+        text = "int %s(void) {\n    int count;\n    count = 1;\n    return count;\n}\n"
+        sources = [self.write(name + ".c", text % name) for name in ("a", "b")]
+        found = self.look(*sources, flags=("-std=c17",))
+        self.assertEqual([1, 1], [found.count("%s:2:9: error" % path) for path in sources])
 
 
 if __name__ == "__main__":

@@ -84,7 +84,7 @@ Array<std::int16_t> TakeNumbers(void* array) {
     const auto unlock = leave.Get();
     void* data = nullptr;
     RaiseIfFailed(access.Get()(owned.Get(), &data));
-    const auto first = static_cast<const std::int16_t*>(data);
+    const auto* const first = static_cast<const std::int16_t*>(data);
     std::copy(first, first + numbers.size(), numbers.begin());
     unlock(owned.Get());
     return {bounds.first, std::move(numbers)};

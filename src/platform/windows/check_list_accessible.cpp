@@ -63,6 +63,7 @@ HRESULT Answer(VARIANT* answer, LONG value) {
 /// than the window lives.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM's interfaces have none; Release ends the object
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): the same
 class CheckListAccessible final : public IAccessible {
   public:
     CheckListAccessible(HWND list, OwnedAccessible inner) : mList(list), mInner(std::move(inner)) {}

@@ -7,7 +7,7 @@ namespace kestrelmoor::platform {
 
 /// What of a window is settled when it is made. All else is shown from the model.
 struct WindowKind {
-    const wchar_t* window_class;
+    const wchar_t* window_class = nullptr;
     DWORD style = 0;
     DWORD extended_style = 0;
 };

@@ -23,7 +23,7 @@ constexpr int kUnitsPerCharacter = 4;
 int AverageWidth(HWND list) {
     static constexpr char16_t kLetters[] = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     constexpr int kCount = 52;
-    const auto font = reinterpret_cast<HFONT>(::SendMessageW(list, WM_GETFONT, 0, 0));
+    auto* const font = reinterpret_cast<HFONT>(::SendMessageW(list, WM_GETFONT, 0, 0));
     const SIZE extent = TextExtent(font, kLetters);
     return std::max(1, static_cast<int>((extent.cx / (kCount / 2) + 1) / 2));
 }

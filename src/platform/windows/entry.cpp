@@ -29,7 +29,7 @@ void TrustOnlyTheSystemFolder() {
 
 } // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) noexcept {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     // A drive without a disk, or a file that is no library, is a failed call and no box of the system's.
     ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     TrustOnlyTheSystemFolder();

@@ -5,7 +5,6 @@
 #include "runtime/forms/form.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace kestrelmoor::platform {
 
@@ -43,10 +42,12 @@ void GraphicPeer::Show(Property what) {
 }
 
 void DrawGraphics(HDC context, const Form& form) {
-    for (const auto& control : form.Controls() | std::views::reverse) {
-        const ControlKind kind = control->Kind();
-        if (control->Visible() && (kind == ControlKind::Line || kind == ControlKind::Shape))
-            Draw(context, *control);
+    const auto& controls = form.Controls();
+    for (auto place = controls.rbegin(); place != controls.rend(); ++place) {
+        const Control& control = **place;
+        const ControlKind kind = control.Kind();
+        if (control.Visible() && (kind == ControlKind::Line || kind == ControlKind::Shape))
+            Draw(context, control);
     }
 }
 

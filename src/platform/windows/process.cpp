@@ -85,6 +85,7 @@ void EndByError(const RuntimeError& error) noexcept {
 /// that the library's own handler, which prints names of types, is not linked at all; the library names that
 /// one a second time, as what comes back when a handler is taken away.
 namespace __cxxabiv1 {
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the library's own name
 extern std::terminate_handler __terminate_handler;
 std::terminate_handler __terminate_handler = [] {
     kestrelmoor::platform::EndByBox(L"An internal error: out of memory, or a fault in the program.");

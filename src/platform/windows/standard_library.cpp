@@ -2,7 +2,7 @@
 // them would bring 90 KB of texts and string code along.
 #include "runtime/errors.h"
 
-namespace std {
+namespace std { // NOLINT(cert-dcl58-cpp): the library's own, defined in its place
 
 void __throw_bad_alloc() {
     kestrelmoor::RaiseError(kestrelmoor::error_number::kOutOfMemory);
@@ -20,6 +20,7 @@ void __throw_out_of_range(const char* /*where*/) {
     kestrelmoor::RaiseError(kestrelmoor::error_number::kSubscript);
 }
 
+// NOLINTNEXTLINE(cert-dcl50-cpp): as the library declares it
 void __throw_out_of_range_fmt(const char* /*where*/, ...) {
     kestrelmoor::RaiseError(kestrelmoor::error_number::kSubscript);
 }

@@ -17,7 +17,7 @@ constexpr std::size_t kLongestMessage = 0x7FFF;
 
 CallResult<std::uint32_t> Format(std::uint32_t nFlags, ModuleHandle hModule, std::uint32_t nCode,
                                  String& buffer) {
-    const auto module = reinterpret_cast<const void*>(hModule);
+    const auto* const module = reinterpret_cast<const void*>(hModule);
     const auto size = static_cast<DWORD>(buffer.size());
     return Observed([&]() -> std::uint32_t {
         return ::FormatMessageW(nFlags, module, nCode, 0, WideBuffer(buffer), size, nullptr);

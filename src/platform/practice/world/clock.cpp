@@ -29,7 +29,7 @@ std::optional<Moment> MomentOfText(StringView text) {
     DateParts parts;
     int milliseconds = 0;
     const std::string bytes = ToUtf8(text);
-    // No number can overflow: each has a width. NOLINTNEXTLINE(cert-err34-c)
+    // NOLINTNEXTLINE(cert-err34-c): no number can overflow, each has a width
     if (std::sscanf(bytes.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d.%3d", &parts.year, &parts.month, &parts.day,
                     &parts.hour, &parts.minute, &parts.second, &milliseconds) < 6 ||
         parts.year < 1900 || parts.month < 1 || parts.month > 12 || parts.day < 1 || parts.day > 31)

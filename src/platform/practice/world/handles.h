@@ -26,9 +26,9 @@ enum class HandleKind {
     DirectoryObject,
 };
 
-/// A handle in the type that the platform gives to some of them.
+/// A handle in the type that the platform gives to some of them: a number, never an address that is read.
 inline void* AsPointer(std::uintptr_t handle) {
-    return reinterpret_cast<void*>(handle); // NOLINT: a number, never an address that is read
+    return reinterpret_cast<void*>(handle);
 }
 
 /// What the platform has handed out and not got back. Numbers are never used twice.
