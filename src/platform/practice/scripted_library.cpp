@@ -100,8 +100,9 @@ struct Speaker : Held<ILocalization, Speaker> {
     static const LanguageScript& ScriptOf(ILocalization* self) {
         return static_cast<Speaker*>(self)->counted.Script();
     }
-    static String Numbered(const char* word, std::int16_t number) {
-        return FromUtf8(word + std::to_string(number));
+    static String Said(ILocalization* self, const char* word, std::int16_t number, StringView ending = {}) {
+        const auto& every_text = ScriptOf(self).every_text;
+        return every_text ? *every_text : FromUtf8(word + std::to_string(number)).append(ending);
     }
     static std::int32_t Give(const String& text, LocText* out) {
         *out = NewText(text);
@@ -120,14 +121,14 @@ struct Speaker : Held<ILocalization, Speaker> {
         static_cast<Speaker*>(self)->language = script.answers.value_or(nLangID);
         return LOC_S_OK;
     }
-    static std::int32_t GetPluralText(ILocalization*, std::int16_t nNumber, std::int32_t nCount,
+    static std::int32_t GetPluralText(ILocalization* self, std::int16_t nNumber, std::int32_t nCount,
                                       LocText* out) {
-        return Give(Numbered("noun ", nNumber) + (nCount == 1 ? u" once" : u""), out);
+        return Give(Said(self, "noun ", nNumber, nCount == 1 ? u" once" : u""), out);
     }
     static std::int32_t GetText(ILocalization* self, std::int16_t nNumber, LocText* out) {
         if (const std::int32_t result = ScriptOf(self).text_result; result != LOC_S_OK)
             return result;
-        return Give(Numbered("text ", nNumber), out);
+        return Give(Said(self, "text ", nNumber), out);
     }
     static std::int32_t LanguageID(ILocalization* self, std::int16_t* out) {
         *out = static_cast<Speaker*>(self)->language;

@@ -6,8 +6,8 @@
 
 namespace kestrelmoor::practice {
 
-/// A language library that exists in memory alone and says what its script says. The text of a number is
-/// "text NUMBER", a noun "noun NUMBER", or "noun NUMBER once" for a count of 1.
+/// A language library that exists in memory alone and says what its script says. Where that has no text for
+/// all, the text of a number is "text NUMBER", a noun "noun NUMBER", or "noun NUMBER once" for a count of 1.
 class ScriptedLibrary : public std::enable_shared_from_this<ScriptedLibrary> {
   public:
     explicit ScriptedLibrary(LanguageScript script) : mScript(std::move(script)) {}

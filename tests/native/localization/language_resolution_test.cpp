@@ -389,26 +389,38 @@ TEST_F(LanguageResolution, TheEnglishLibraryServesAnyEnglishAndIsTheLastResortFo
 
 class HelpFileSearch : public LanguageResolution {
   protected:
-    HelpFileSearch() {
-        Put(u"default.loc", {1033}).script.help_file = "english.html";
+    HelpFileSearch() { gHelpFile = u"former"; }
+
+    /// Brings a library up that tells this name.
+    void Tell(const char* name = "english.html") {
+        Put(u"default.loc", {1033}).script.help_file = name;
         Load(1033);
-        gHelpFile = u"former";
     }
 };
 
 TEST_F(HelpFileSearch, TheLibrarysHelpFileIsFoundInTheProgramsFolder) {
     world.files.CreateFile(u"C:\\Program Files\\Kestrelmoor\\english.html");
+    Tell();
     FindHelpFile();
     EXPECT_EQ(gHelpFile, u"C:\\Program Files\\Kestrelmoor\\english.html");
 }
 
+TEST_F(HelpFileSearch, ANameThatLeadsUpAndAwayIsFollowed) {
+    world.files.CreateFile(u"C:\\Program Files\\Kestrelmoor\\..\\..\\Windows\\notepad.exe");
+    Tell("..\\..\\Windows\\notepad.exe");
+    FindHelpFile();
+    EXPECT_EQ(gHelpFile, u"C:\\Program Files\\Kestrelmoor\\..\\..\\Windows\\notepad.exe");
+}
+
 TEST_F(HelpFileSearch, AHelpFileThatIsNotThereIsNone) {
+    Tell();
     FindHelpFile();
     EXPECT_EQ(gHelpFile, u"");
 }
 
 TEST_F(HelpFileSearch, AHelpFileThatCannotBeLookedAtIsNone) {
     world.files.CreateFile(u"C:\\Program Files\\Kestrelmoor\\english.html");
+    Tell();
     world.Fail("GetFileAttributesW", 5);
     FindHelpFile();
     EXPECT_EQ(gHelpFile, u"");

@@ -27,6 +27,7 @@ struct LanguageScript {
     std::int32_t create_result = 0;      ///< of its factory
     std::int32_t interface_result = 0;   ///< of its object that is asked for its own interface
     std::int32_t text_result = 0;        ///< of each of its texts
+    std::optional<String> every_text{};  ///< of each number, noun or not; none: one that bears the number
     std::string font_name = "Tahoma";
     std::int16_t font_charset = 1;
     std::string help_file = "help.html";

@@ -101,6 +101,7 @@ void Members(Archive& archive, Record& script) {
     archive.Optional("create_result", script.create_result);
     archive.Optional("interface_result", script.interface_result);
     archive.Optional("text_result", script.text_result);
+    archive.Optional("every_text", script.every_text);
     archive.Optional("font_name", script.font_name, standard.font_name);
     archive.Optional("font_charset", script.font_charset, standard.font_charset);
     archive.Optional("help_file", script.help_file, standard.help_file);
