@@ -5,8 +5,8 @@
         road.wait("answered")     # the server has made the change, and the caller waits for the answer
         road.let_go()
 
-The ways: "open" passes everything on, "silent" takes connections and says nothing, "hold" keeps back the
-server's answer to the change until it is let go, "cut ahead" breaks off when the request for the change
+The ways: "open" passes everything on, "silent" takes connections and says nothing, "late" keeps back all that the
+server says until it is let go, "hold" keeps back its answer to the change until it is let go, "cut ahead" breaks off when the request for the change
 comes and doesn't pass it on, "cut behind" passes it on and breaks off when the server's answer comes, "cut within"
 breaks off ahead of the last byte of that answer, and "cut at N" breaks off when N bytes have gone to callers; a
 server's word that it is still at work, which comes or not by chance, doesn't count.
@@ -38,11 +38,13 @@ _MESSAGE = slice(24, 32)
 
 
 class Road:
-    """Changes of a password take it to the server as long as it lives; `told` holds what it tells."""
+    """Calls of one operation of account_client.py, a change where none is named, take it to the server as long as it
+    lives; `told` holds what it tells."""
 
-    def __init__(self, server, way):
+    def __init__(self, server, way, operation="change_password"):
         self.told = []
         self._server = server
+        self._operation = operation
         program = ["/usr/bin/python3", "-P", str(Path(__file__).resolve()), *way.split()]
         self._program = server.enclosure.open(program)
         self._listener = threading.Thread(target=self._listen, daemon=True)
@@ -52,7 +54,7 @@ class Road:
         except BaseException:
             self.close()
             raise
-        server.addresses["change_password"] = ELSEWHERE
+        server.addresses[operation] = ELSEWHERE
 
     def wait(self, word):
         """Waits until the road has told it."""
@@ -74,7 +76,7 @@ class Road:
 
     def close(self):
         """Ends the road and what is on it."""
-        self._server.addresses.pop("change_password", None)
+        self._server.addresses.pop(self._operation, None)
         self._program.kill()
         self._program.wait()
         self._listener.join()
@@ -165,6 +167,8 @@ class Passage:
         frame = read_frame(self._server)
         if frame is None:
             return False
+        if self._harm.way == "late":
+            self._harm.go.wait()
         if is_pending(frame[4:]):
             self._caller.sendall(frame)
             return True

@@ -1,4 +1,4 @@
-"""Moorlink.exe changes passwords where the network is bad: servers that don't answer, answer late, break off, or
+"""Moorlink.exe changes passwords, and looks at them at logon, where the network is bad: servers that don't answer, answer late, break off, or
 are not those that their names say.
 
 It asks the stand-in network library, which asks the bridge, whose client library is Samba's: how long an answer
@@ -18,18 +18,25 @@ import practice_directory  # noqa: E402
 from cases import BridgeCase, fresh  # noqa: E402
 from change_case import CHANGED, LOCAL, NOT_CHANGED, SERVERS, ChangeCase, require_program  # noqa: E402
 from desktop_case import PICTURES  # noqa: E402
+from mapped_windows import MappedWindows  # noqa: E402
 from password_window import (  # noqa: E402
     CANCEL, OK, STATUS, TITLE_AFTER, TITLE_DURING, USER_LABEL, WAIT, PasswordWindow,
 )
 from password_window import USER as USER_BOX  # noqa: E402
 from road import NOBODY, Road  # noqa: E402
 from servers import USER  # noqa: E402
+from watched_servers import DOMAIN as THE_DOMAIN  # noqa: E402
+from watched_servers import EXPIRED, HAS_EXPIRED, QUESTION, WatchedServers, require_watch  # noqa: E402
+from watched_servers import SERVER as THE_SERVER  # noqa: E402
 
 LOCAL_NAME, SERVER, DOMAIN, DC = "\\\\DESK1", "\\\\SERVER1", "PRACTICE", "\\\\DC1"
 CHANGE_FAILED = "NetUserChangePassword failed with error %d: "
 A_MINUTE = 60
 
-setUpModule = require_program
+
+def setUpModule():
+    require_program()
+    require_watch()
 
 
 class BadNetwork(ChangeCase):
@@ -206,6 +213,79 @@ class AnotherName(BadNetwork):
         self.assert_failed(paragraphs[2], DOMAIN, CHANGE_FAILED % 86)
         self.assertIn('Information: -> NetUserChangePassword "\\\\ELSEWHERE"', self.log_lines())
         self.assert_unchanged(self.network.controller)
+
+
+class WatchAtLogon(WatchedServers):
+    """A target that can't be asked is no matter of the watch's: it stays out of the report, and the next is asked."""
+
+    REFUSED = "53"
+    BROKEN_OFF = "64"
+    SILENT = "121"
+
+    def refuse(self, server):
+        server.addresses["user_info"] = NOBODY
+        self.addCleanup(server.addresses.clear)
+
+    def assert_failed(self, call, code):
+        self.assert_logged("Error: %s failed with error %s: .+" % (call, code))
+
+    def assert_waits_unseen(self, shown, process, seconds):
+        begun = time.monotonic()
+        while time.monotonic() - begun < seconds:
+            self.assertIsNone(process.exit_code())
+            self.assertEqual(shown.count(), 0)
+            time.sleep(1)
+
+    def test_where_nobody_answers_it_is_silent(self):
+        for server in self.network.servers:
+            self.refuse(server)
+        self.assert_silent()
+        self.assert_failed("NetUserGetInfo", self.REFUSED)
+
+    def test_refusal_hides_nothing_of_the_next(self):
+        self.refuse(self.server)
+        self.grow_old(self.controller)
+        self.assert_asks(EXPIRED, HAS_EXPIRED % THE_DOMAIN)
+        self.assert_failed("NetUserGetInfo", self.REFUSED)
+
+    def test_silence_is_waited_for_unseen_until_the_platform_gives_up(self):
+        self.grow_old(self.controller)
+        with Road(self.server, "silent", "user_info") as road, MappedWindows(self.desktop.display) as shown:
+            process = self.start()
+            road.wait("connected")
+            self.assert_waits_unseen(shown, process, A_MINUTE - 10)
+            box = self.desktop.box(pid=process.pid, timeout=A_MINUTE)
+        self.assertEqual(box.text, HAS_EXPIRED % THE_DOMAIN + QUESTION)
+        self.assert_failed("NetUserGetInfo", self.SILENT)
+        box.answer("No")
+        self.assertEqual(process.wait_exit(), 0)
+
+    def test_a_late_answer_is_waited_for_unseen_and_counts(self):
+        self.grow_old(self.server)
+        with Road(self.server, "late", "user_info") as road, MappedWindows(self.desktop.display) as shown:
+            process = self.start()
+            road.wait("connected")
+            self.assert_waits_unseen(shown, process, LateAnswer.LATE)
+            road.let_go()
+            box = self.desktop.box(pid=process.pid)
+        self.assertEqual(box.text, HAS_EXPIRED % THE_SERVER + QUESTION)
+        box.answer("No")
+        self.assertEqual(process.wait_exit(), 0)
+
+    def test_broken_off_in_the_middle_it_is_silent(self):
+        for place in ("at 1", "at 300", "at 1500"):
+            with self.subTest(place), Road(self.server, "cut " + place, "user_info") as road:
+                self.assert_silent()
+                road.wait("cut")
+                self.assert_failed("NetUserGetInfo", self.BROKEN_OFF)
+                self.log.unlink()
+
+    def test_where_only_the_policy_breaks_off_the_password_counts_as_sound(self):
+        self.controller.set_policy(max_age=10)
+        with Road(self.controller, "cut at 300", "modals") as road:
+            self.assert_silent()
+            road.wait("cut")
+        self.assert_failed("NetUserModalsGet", self.BROKEN_OFF)
 
 
 class CutAnywhere(BridgeCase):
