@@ -7,6 +7,7 @@
 #include "platform/practice/window_places.h"
 #include "platform/practice/windows.h"
 #include "platform/practice/world/world.h"
+#include "runtime/errors.h"
 #include "runtime/forms/form.h"
 
 #include <algorithm>
@@ -35,12 +36,27 @@ std::size_t LengthOf(const String& caption) {
     return longest;
 }
 
+/// As the windows of a real screen: one that can't be made is an error.
+template <class Model>
+WindowHandle MakeWindow(Model& model) {
+    if (TheWorld().calls.Enter("CreateWindowExW", {model.Name()}))
+        RaiseError(error_number::kOutOfMemory);
+    return Windows::Current().Add(model);
+}
+
+/// The window of a control; 0 for one that the form draws by itself, or that is no part of its looks.
+WindowHandle MakeControlWindow(Control& control) {
+    const bool has_one = control.Kind() != ControlKind::Timer && control.Kind() != ControlKind::Line &&
+                         control.Kind() != ControlKind::Shape;
+    return has_one ? MakeWindow(control) : 0;
+}
+
 /// Shows nothing: without a screen the model is complete by itself.
 class PracticeControlPeer : public ControlPeer {
   public:
     explicit PracticeControlPeer(Control& control)
         : mControl(control), mTimer(dynamic_cast<Timer*>(&control)), mList(dynamic_cast<ListBox*>(&control)),
-          mPicture(dynamic_cast<PictureBox*>(&control)), mWindow(Windows::Current().Add(control)) {
+          mPicture(dynamic_cast<PictureBox*>(&control)), mWindow(MakeControlWindow(control)) {
         if (mTimer)
             practice::Timers::Current().Add(*mTimer);
         if (mList)
@@ -96,7 +112,7 @@ class PracticeControlPeer : public ControlPeer {
 
 class PracticeFormPeer : public FormPeer {
   public:
-    explicit PracticeFormPeer(Form& form) : mForm(form), mWindow(Windows::Current().Add(form)) {}
+    explicit PracticeFormPeer(Form& form) : mForm(form), mWindow(MakeWindow(form)) {}
     ~PracticeFormPeer() override { Windows::Current().Remove(mWindow); }
 
     std::unique_ptr<ControlPeer> MakeControlPeer(Control& control) override {

@@ -14,7 +14,10 @@ void Timers::Add(Timer& timer) {
 }
 
 void Timers::Restart(Timer& timer) {
-    mStarts.insert_or_assign(&timer, TheWorld().clock.Now());
+    if (timer.Running() && TheWorld().calls.Enter("SetTimer", {timer.Name(), timer.Interval()}))
+        mStarts.erase(&timer);
+    else
+        mStarts.insert_or_assign(&timer, TheWorld().clock.Now());
 }
 
 void Timers::RunDue() {

@@ -15,7 +15,7 @@ class Timers {
     void Add(Timer& timer);
     void Remove(Timer& timer) { mStarts.erase(&timer); }
 
-    /// Lets a timer's interval begin anew.
+    /// Lets a timer's interval begin anew. Where the system has no timer left, it never ticks.
     void Restart(Timer& timer);
 
     /// Raises the tick of each timer whose interval has passed.
