@@ -50,10 +50,19 @@ def is_chosen(point, words):
     return zlib.crc32(point.key.encode()) % parts == part - 1
 
 
-def line_of(point, lines={}):
-    if point.file not in lines:
-        lines[point.file] = (tree.ROOT / point.file).read_text(encoding="utf-8").split("\n")
-    return lines[point.file][point.line - 1].strip()
+def lines_of(file, lines={}):
+    if file not in lines:
+        lines[file] = [line.strip() for line in (tree.ROOT / file).read_text(encoding="utf-8").split("\n")]
+    return lines[file]
+
+
+def line_of(point):
+    return lines_of(point.file)[point.line - 1]
+
+
+def place_of(point):
+    """The number of its line among those of the same text."""
+    return lines_of(point.file)[: point.line].count(line_of(point))
 
 
 def known_results(numbered, resume):
@@ -78,6 +87,7 @@ def judge(program, number, point, tests):
         "file": point.file,
         "line": point.line,
         "text": line_of(point),
+        "place": place_of(point),
         "kind": point.kind,
         "said": point.said,
         "tests": len(reaching),

@@ -171,13 +171,20 @@ class TheRuns(unittest.TestCase):
 
 
 class ThePage(unittest.TestCase):
-    result = {"file": "src/a.cpp", "text": "if (a < b)", "kind": "boundary", "state": "alive"}
+    result = {"file": "src/a.cpp", "text": "if (a < b)", "kind": "boundary", "place": 1, "state": "alive"}
 
     def test_an_entry_explains_its_line_and_kinds(self):
         self.assertTrue(explained.Page("- `src/a.cpp`: `if (a < b)`: for a reason").explains(self.result))
         self.assertTrue(explained.Page("- `src/a.cpp`: `if (a < b)` (number, boundary)").explains(self.result))
         self.assertFalse(explained.Page("- `src/a.cpp`: `if (a < b)` (number)").explains(self.result))
         self.assertFalse(explained.Page("- `src/b.cpp`: `if (a < b)`").explains(self.result))
+
+    def test_of_equal_lines_an_entry_explains_those_that_it_names(self):
+        page = explained.Page("- `src/a.cpp`: `if (a < b)` 1, 3 of 4 (boundary): for a reason")
+        explained_places = [place for place in range(1, 5) if page.explains({**self.result, "place": place})]
+        self.assertEqual([1, 3], explained_places)
+        self.assertEqual(["src/a.cpp: if (a < b)"], page.unneeded([self.result]))
+        self.assertEqual([], page.unneeded([self.result, {**self.result, "place": 3}]))
 
     def test_an_entry_without_a_survivor_is_told(self):
         page = explained.Page("- `src/a.cpp`: `if (a < b)`\n- `src/a.cpp`: `Go();`")
@@ -189,9 +196,10 @@ class ThePage(unittest.TestCase):
     def test_every_entry_of_the_projects_page_names_a_line_that_is_there(self):
         page = explained.Page((ROOT / "docs" / "mutants.md").read_text(encoding="utf-8"))
         self.assertEqual([], page.broken)
-        for file, text, kinds in page.entries:
-            self.assertIn(text, [line.strip() for line in (ROOT / file).read_text(encoding="utf-8").split("\n")])
-            self.assertLessEqual(set(kinds), set(points.ORDER))
+        for entry in page.entries:
+            self.assertEqual(entry.lines, run.lines_of(entry.file).count(entry.text), entry)
+            self.assertLessEqual(entry.places, set(range(1, entry.lines + 1)), entry)
+            self.assertLessEqual(set(entry.kinds), set(points.ORDER))
 
 
 if __name__ == "__main__":

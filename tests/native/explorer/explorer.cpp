@@ -119,7 +119,7 @@ bool Explorer::TakeStep() {
     if (mPrefixDone < mStart.prefix.size()) {
         const UserAction& action = mStart.prefix[mPrefixDone++];
         mWay.push_back(TextOf(action));
-        return CarryOut(action) && sound;
+        return CarryOut(action, [this] { Look(); }) && sound;
     }
     Arrive(Fingerprint(*mRules));
     return sound && mWay.size() < mLongest && ChooseNext();
@@ -160,7 +160,7 @@ bool Explorer::ChooseNext() {
     mInputs.push_back(action);
     ++mResult.steps;
     LastingWorld().calls.Clear();
-    CarryOut(action);
+    CarryOut(action, [this] { Look(); });
     return true;
 }
 

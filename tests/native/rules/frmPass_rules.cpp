@@ -150,6 +150,7 @@ void CheckOutcome(const Form& form, Findings& found) {
     const bool logs_off = cancel.Caption() == TextOf(317);
     found.Expect(logs_off || cancel.Caption() == TextOf(1001), "Cancel has the words of OK after a run");
     found.Expect(!logs_off || !ok.Enabled(), "no way back where the session will end");
+    found.Expect(!ok.Enabled() || form.FocusHolder() != nullptr, "a way back takes the focus");
     const String& results = On<TextBox>(form, u"txtStatus").Text();
     const bool closing_line = results.ends_with(u"\r\n\r\n" + TextOf(318));
     found.Expect(logs_off == closing_line, "the results end with the line on the end of the session");

@@ -110,6 +110,9 @@ void SettingsWindowRules::CheckOk(const Form& form, Findings& found) {
     const bool enabled = form.Find(u"cmdOK").Enabled();
     found.Expect(enabled || !mChanged, "once there is a change OK stays enabled");
     found.Expect(enabled || ShowsWhatIsHeld(form), "a change enables OK");
+    const auto& entry = On<UserControl>(form, u"ucAddComp");
+    const bool named = !dynamic_cast<const TextBox&>(entry.Find(u"txtComputer")).Text().empty();
+    found.Expect(!enabled || mChanged || named || !ShowsWhatIsHeld(form), "nothing but a change enables OK");
     mChanged = enabled;
     found.Expect(HeldSettings::Now() == mHeld, "nothing but OK changes what the program holds");
 }

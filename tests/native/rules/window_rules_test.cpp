@@ -231,6 +231,44 @@ TEST_F(RulesOfTheWindows, SeeAWayBackThatIsMissing) {
     ExpectComplaint("the way back is offered exactly where");
 }
 
+TEST_F(RulesOfTheWindows, SeeAWayBackWithoutTheFocus) {
+    RunWithoutSuccess();
+    EXPECT_EQ(form->FocusHolder(), &At(u"cmdOK"));
+    form->FocusMoved(nullptr);
+    ExpectComplaint("a way back takes the focus");
+}
+
+TEST_F(RulesOfTheWindows, SeeAWindowWithoutADefaultButton) {
+    Open();
+    form->Get<CommandButton>(u"cmdOK").SetDefault(false);
+    ExpectComplaint("one default button and one cancel button");
+}
+
+TEST_F(RulesOfTheWindows, SeeAWindowOfTheOtherModesHeight) {
+    Open();
+    form->SetHeight(form->Height() + 15);
+    ExpectComplaint("the window is as high as its mode asks");
+}
+
+TEST_F(RulesOfTheWindows, SeeAListThatTheTabKeyPasses) {
+    OpenRows();
+    ExpectSilence();
+    List().SetTabStop(false);
+    ExpectComplaint("the list is a tab stop while no row is in edit");
+}
+
+TEST_F(RulesOfTheWindows, SeeOkThatIsEnabledWithoutAChange) {
+    OpenSettings().Find(u"cmdOK").SetEnabled(true);
+    ExpectComplaint("nothing but a change enables OK");
+}
+
+TEST_F(RulesOfTheWindows, SeeAChosenServerThatCannotBeRemoved) {
+    frmSettings& window = OpenSettings();
+    user.ClickOn(window.Find(u"lstServers"));
+    window.Find(u"cmdRemServer").SetEnabled(false);
+    ExpectComplaint("a chosen server can be removed");
+}
+
 TEST_F(RulesOfTheWindows, SeeASettingsWindowThatForgetsAChange) {
     frmSettings& window = OpenSettings();
     window.Get<CheckBox>(u"chkRemind").SetValue(gAutoStart ? 0 : 1);

@@ -133,19 +133,21 @@ auto WaitingForms() {
 
 /// A second click is another one only where the first has left the control there. Where the first has closed
 /// a modal window, the one behind it goes on with its handler ahead of the second.
-bool ClickTwice(const String& name, Control& control) {
+bool ClickTwice(const String& name, Control& control, const std::function<void()>& between) {
     practice::User user;
     const auto waiting = WaitingForms();
     if (!user.ClickOn(control))
         return false;
     if (WaitingForms() < waiting)
         return true;
+    if (between)
+        between();
     if (Control* const again = ControlNamed(name))
         user.ClickOn(*again);
     return true;
 }
 
-bool CarryOutOn(Control& control, const UserAction& action) {
+bool CarryOutOn(Control& control, const UserAction& action, const std::function<void()>& between) {
     practice::User user;
     auto* const rows = dynamic_cast<RowControl*>(&control);
     auto* const list = dynamic_cast<ListBox*>(&control);
@@ -153,7 +155,7 @@ bool CarryOutOn(Control& control, const UserAction& action) {
     case ActionKind::Click:
         return control.Kind() == ControlKind::Label ? user.PressOn(control, 1) : user.ClickOn(control);
     case ActionKind::DoubleClick:
-        return ClickTwice(action.control, control);
+        return ClickTwice(action.control, control, between);
     case ActionKind::ChooseRow:
         return rows != nullptr && user.ChooseRow(*rows, action.number);
     case ActionKind::ToggleRow:
@@ -200,7 +202,7 @@ std::vector<UserAction> PossibleActions() {
     return actions;
 }
 
-bool CarryOut(const UserAction& action) {
+bool CarryOut(const UserAction& action, const std::function<void()>& between) {
     if (auto* const dialog = practice::TheWorld().browser.Current())
         return CarryOutInDialog(action, *dialog);
     Form* const form = Application::Current().ActiveForm();
@@ -211,7 +213,7 @@ bool CarryOut(const UserAction& action) {
     if (action.control.empty())
         return CarryOutAtKeyboard(action);
     Control* const control = ControlNamed(action.control);
-    return control != nullptr && CarryOutOn(*control, action);
+    return control != nullptr && CarryOutOn(*control, action, between);
 }
 
 } // namespace kestrelmoor::tests

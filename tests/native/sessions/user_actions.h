@@ -2,6 +2,7 @@
 
 #include "runtime/text.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,7 @@ std::string TextOf(const UserAction& action);
 /// something, a letter and a digit, the accelerators that captions mark, the close box.
 std::vector<UserAction> PossibleActions();
 
-/// Does it. False: nothing there can take it.
-bool CarryOut(const UserAction& action);
+/// Does it, and `between` the two clicks of a double click. False: nothing there can take it.
+bool CarryOut(const UserAction& action, const std::function<void()>& between = {});
 
 } // namespace kestrelmoor::tests
