@@ -1,7 +1,7 @@
 """report.py LINES BRANCHES PAGE: reads what llvm-cov counted, the lines in the form of lcov and the branches, which
 have columns there, in its own; prints totals and, for each source, the lines that no test reaches and those with a
-branch that none takes; and compares the first with the page's list: a line
-`- \`src/a.cpp\` (3): why` for each source with lines that no test reaches, and how many."""
+branch that none takes; and compares both with the page's list: a line
+`- \`src/a.cpp\` (3 lines, 4 branches): why` for each source with some, and how many."""
 
 import json
 import os
@@ -12,7 +12,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 LEAST_LINES = 0.97
 LEAST_BRANCHES = 0.92
-ENTRY = re.compile(r"^- `(src/[^`]+)` \((\d+)\): \S.*$")
+ENTRY = re.compile(r"^- `(src/[^`]+)` \((?:(\d+) lines?)?(?:, (?=\d))?(?:(\d+) branch(?:es)?)?\): \S.*$")
 
 
 def source_named(name):
@@ -64,18 +64,21 @@ def ranges(numbers):
 
 
 def listed(page):
-    """{source: number of lines} of the page's list, and its lines that can't be read."""
+    """{source: (number of lines, of branches)} of the page's list, and its lines that can't be read."""
     entries = [line for line in page.split("\n") if line.startswith("- ")]
     read = [(line, ENTRY.match(line)) for line in entries]
-    return {found[1]: int(found[2]) for _, found in read if found}, [line for line, found in read if not found]
+    told = {found[1]: (int(found[2] or 0), int(found[3] or 0)) for _, found in read if found}
+    return told, [line for line, found in read if not found]
 
 
 def differences(missed, page):
     told, broken = listed(page)
     yield from ("can't be read: %s" % line for line in broken)
     for name in sorted(missed.keys() | told.keys()):
-        if len(missed.get(name, [])) != told.get(name, 0):
-            yield "%s: %d lines are not reached, %d are told" % (name, len(missed.get(name, [])), told.get(name, 0))
+        found, listed_as = missed.get(name, (0, 0)), told.get(name, (0, 0))
+        for what, count, told_count in zip(("lines", "branches"), found, listed_as):
+            if count != told_count:
+                yield "%s: %d %s are not reached, %d are told" % (name, count, what, told_count)
 
 
 def share(part, whole):
@@ -92,8 +95,7 @@ def main(line_report, branch_report, page):
         of_file = reached(lines), len(lines), reached(branches), len(branches)
         totals = [total + count for total, count in zip(totals, of_file)]
         missed = [number for number, count in lines.items() if count == 0]
-        if missed:
-            all_missed[source] = missed
+        all_missed[source] = of_file[1] - of_file[0], of_file[3] - of_file[2]
         not_taken = sorted({branch[0] for branch, count in branches.items() if count == 0})
         if missed or not_taken:
             print("%-55s lines %4d/%4d  branches %4d/%4d  %s; %s" % (source, *of_file, ranges(missed) or "-",

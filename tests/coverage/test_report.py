@@ -41,24 +41,33 @@ class TheReport(unittest.TestCase):
 
     def test_what_is_told_explains_it_while_the_share_is_high(self):
         lines = [1] * 99 + [0]
-        self.assertEqual(0, self.run_on(lines, [], "- `src/a.cpp` (1): nobody comes there\n")[0])
-        self.assertEqual(1, self.run_on(lines, [], "- `src/a.cpp` (2): nobody comes there\n")[0])
-        self.assertEqual(1, self.run_on(lines, [], "- `src/a.cpp` (1):\n")[0])
+        self.assertEqual(0, self.run_on(lines, [], "- `src/a.cpp` (1 line): nobody comes there\n")[0])
+        self.assertEqual(1, self.run_on(lines, [], "- `src/a.cpp` (2 lines): nobody comes there\n")[0])
+        self.assertEqual(1, self.run_on(lines, [], "- `src/a.cpp` (1 line):\n")[0])
 
     def test_too_few_lines_or_branches_fail(self):
-        self.assertEqual(1, self.run_on([1] * 96 + [0] * 4, [], "- `src/a.cpp` (4): nobody comes there\n")[0])
+        self.assertEqual(1, self.run_on([1] * 96 + [0] * 4, [], "- `src/a.cpp` (4 lines): nobody comes there\n")[0])
         for whole, code in ((41, 1), (42, 0)):
             halves = [(number, 1, 0) for number in range(whole, 50)]
-            self.assertEqual(code, self.run_on([1], [(number, 1, 1) for number in range(whole)] + halves, "")[0])
+            page = "- `src/a.cpp` (%d branches): nobody comes there\n" % len(halves)
+            self.assertEqual(code, self.run_on([1], [(number, 1, 1) for number in range(whole)] + halves, page)[0])
 
     def test_a_branch_counts_once_however_many_instances_a_template_has(self):
         code, printed = self.run_on([2], [(1, 0, 1), (1, 3, 0)], "")
         self.assertEqual((0, "lines 1 of 1 (100.0 %), branches 2 of 2 (100.0 %)\n"), (code, printed))
 
     def test_a_line_with_a_branch_that_nobody_takes_is_named(self):
-        code, printed = self.run_on([1] * 30, [(number, 1, 1) for number in range(20)] + [(25, 0, 1)], "")
+        branches = [(number, 1, 1) for number in range(20)] + [(25, 0, 1)]
+        code, printed = self.run_on([1] * 30, branches, "- `src/a.cpp` (1 branch): nobody comes there\n")
         self.assertEqual(0, code)
         self.assertIn("branches   41/  42  -; 25\n", printed)
+
+    def test_a_branch_that_nobody_takes_has_to_be_told(self):
+        branches = [(number, 1, 1) for number in range(20)] + [(25, 0, 1)]
+        code, printed = self.run_on([1] * 30, branches, "- `src/a.cpp` (2 lines, 3 branches): nobody comes there\n")
+        self.assertEqual(1, code)
+        self.assertIn("page.md: src/a.cpp: 0 lines are not reached, 2 are told", printed)
+        self.assertIn("page.md: src/a.cpp: 1 branches are not reached, 3 are told", printed)
 
     def test_only_the_portable_sources_count(self):
         for other in ("src/platform/windows/b.cpp", "tests/native/c.cpp"):

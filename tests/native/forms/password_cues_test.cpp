@@ -122,6 +122,14 @@ TEST_F(PasswordCues, AKeyThatIsOnlyPeekedAtDoesNot) {
     EXPECT_FALSE(CuesShown());
 }
 
+TEST_F(PasswordCues, AMoveThatIsOnlyPeekedAtHidesNothing) {
+    OpenWithPointer();
+    user.Press(u'A');
+    MouseCueHook(3, 512, 0);
+    EXPECT_TRUE(CuesShown());
+    EXPECT_EQ(world.calls.Of("CallNextHookEx").back().arguments.at(1), u"3");
+}
+
 TEST_F(PasswordCues, EachHookPassesItsInputOnUnderItsOwnHandle) {
     OpenWithPointer();
     KeyboardCueHook(3, 65, 1);

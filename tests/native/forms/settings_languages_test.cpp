@@ -202,6 +202,11 @@ TEST_F(SettingsLanguages, ADefaultLibraryWithoutLanguagesAddsNone) {
     EXPECT_EQ(Listed(), kAutomaticAlone);
 }
 
+TEST_F(SettingsLanguages, ADefaultLibraryThatTellsTheAutomaticChoiceAloneAddsNone) {
+    PutDefault({0});
+    EXPECT_EQ(Listed(), kAutomaticAlone);
+}
+
 TEST_F(SettingsLanguages, ALibraryThatCountsFromZeroLosesItsFirstLanguage) {
     PutDefault({1033, 1031}).first_index = 0;
     EXPECT_EQ(Listed(), (Lines{" text 403=0", "German=1031"}));

@@ -251,6 +251,11 @@ TEST_F(CommandLine, ASwitchGluedToItsValueIsBad) {
     EXPECT_FALSE(gLogging);
 }
 
+TEST_F(CommandLine, ALetterOfASwitchBehindAnotherCharacterIsBad) {
+    Refuse(u"\\f", "\\f");
+    EXPECT_FALSE(gForceWindow);
+}
+
 TEST_F(CommandLine, ABadTokenIsShownInItsOriginalCaseWithItsQuotesAndWithoutBlanks) {
     Refuse(u"/f   A\"b C\"d", "A\"b C\"d");
 }
