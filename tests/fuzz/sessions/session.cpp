@@ -112,7 +112,7 @@ void Session::Act() {
 
 void Session::Do(const UserAction& action) {
     mDone.push_back(TextOf(action));
-    CarryOut(action, [this] { Look(); });
+    CarryOut(action);
 }
 
 void Session::DoOneOf(std::size_t number) {
@@ -130,10 +130,8 @@ void Session::TypeText() {
     const StringView text = masked ? mBytes.Of(kSecrets) : mBytes.Of(kTexts);
     // A letter can lead from a list into a box.
     for (const char16_t character : text)
-        if (FocusIsMasked() == masked) {
+        if (FocusIsMasked() == masked)
             Do({ActionKind::Type, {}, character});
-            Look();
-        }
 }
 
 /// As the system tells every window of the program.

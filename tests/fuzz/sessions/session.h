@@ -38,7 +38,7 @@ class Session {
     practice::World& mWorld;
     SessionBytes mBytes;
     StartedWorld mStarted;
-    tests::WindowRules mRules;
+    tests::WindowRules mRules{false};
     std::vector<std::string> mDone; ///< for a message
     bool mSawWindow = false;
     bool mGone = false; ///< the person

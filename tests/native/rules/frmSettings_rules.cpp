@@ -112,7 +112,8 @@ void SettingsWindowRules::CheckOk(const Form& form, Findings& found) {
     found.Expect(enabled || ShowsWhatIsHeld(form), "a change enables OK");
     const auto& entry = On<UserControl>(form, u"ucAddComp");
     const bool named = !dynamic_cast<const TextBox&>(entry.Find(u"txtComputer")).Text().empty();
-    found.Expect(!enabled || mChanged || named || !ShowsWhatIsHeld(form), "nothing but a change enables OK");
+    found.Expect(!enabled || mChanged || named || !mInputsSeen || !ShowsWhatIsHeld(form),
+                 "nothing but a change enables OK");
     mChanged = enabled;
     found.Expect(HeldSettings::Now() == mHeld, "nothing but OK changes what the program holds");
 }

@@ -25,7 +25,10 @@ struct HeldSettings {
 /// The rules of one settings window, which remember what it opened with and whether it has been changed.
 class SettingsWindowRules {
   public:
-    explicit SettingsWindowRules(const Form& form) : mForm(form.weak_from_this()) {}
+    /// `inputs_seen`: a look comes between any two inputs, so that none can take back another one's change
+    /// unseen.
+    SettingsWindowRules(const Form& form, bool inputs_seen)
+        : mForm(form.weak_from_this()), mInputsSeen(inputs_seen) {}
 
     void Look(const Form& form, Findings& found);
 
@@ -38,6 +41,7 @@ class SettingsWindowRules {
     bool ShowsWhatIsHeld(const Form& form) const;
 
     std::weak_ptr<const Form> mForm;
+    bool mInputsSeen;
     HeldSettings mHeld = HeldSettings::Now();
     bool mChanged = false;
 };

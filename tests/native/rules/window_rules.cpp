@@ -56,7 +56,7 @@ void WindowRules::LookAt(const Form& form, Findings& found) {
         mPassword->Look(form, found);
     } else if (form.Name() == u"frmSettings") {
         if (!mSettings || !mSettings->IsFor(form))
-            mSettings.emplace(form);
+            mSettings.emplace(form, mInputsSeen);
         mSettings->Look(form, found);
     } else {
         CheckAboutWindow(form, found);

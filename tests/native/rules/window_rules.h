@@ -15,6 +15,9 @@ namespace kestrelmoor::tests {
 /// lives as long as a start of the program, since some rules need what was seen before.
 class WindowRules {
   public:
+    /// Without `inputs_seen` there may be inputs within a handler, where nobody can look.
+    explicit WindowRules(bool inputs_seen = true) : mInputsSeen(inputs_seen) {}
+
     /// To be called between any two inputs, of which none is longer than a key or a click, while no handler
     /// runs but those that keep a modal window open. Gives what is broken, a text each.
     std::vector<std::string> Look();
@@ -36,6 +39,7 @@ class WindowRules {
     /// asked for, or was missing with the window that made this one. What is there stays.
     void CheckHooks(Findings& found);
 
+    bool mInputsSeen;
     std::optional<PasswordWindowRules> mPassword;
     std::optional<SettingsWindowRules> mSettings;
     std::optional<Hooks> mHooks;
