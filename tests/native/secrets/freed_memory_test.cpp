@@ -13,7 +13,8 @@ using FreeHook = void (*)(const volatile void* block);
 using InstallHooks = int (*)(Hook, FreeHook);
 using SizeOfBlock = std::size_t (*)(const volatile void* block);
 
-/// Looks at what is given back to the heap. Only the sanitizers' heap can be asked; a hook stays for good.
+/// Counts the blocks with a password ahead that are given back to the heap. Only the sanitizers' heap can be
+/// asked; a hook stays for good.
 class FreedBlocks {
   public:
     static bool CanBeSeen() {
@@ -57,20 +58,70 @@ class FreedBlocks {
     static inline bool watched = false;
 };
 
+class FreedSecrets : public Secrets {
+  protected:
+    void SetUp() override {
+        if (!FreedBlocks::CanBeSeen())
+            GTEST_SKIP() << "this heap does not tell what is given back";
+    }
+
+    void CloseWatched() {
+        FreedBlocks::Watch();
+        form->Unload();
+        form.reset();
+        Application::Current().UnloadAll();
+        FreedBlocks::Leave();
+    }
+};
+
 } // namespace
 
-TEST_F(Secrets, GoBackToTheHeapAsTheyAreWhenTheWindowGoes) {
-    if (!FreedBlocks::CanBeSeen())
-        GTEST_SKIP() << "this heap does not tell what is given back";
+TEST_F(FreedSecrets, OfTheBoxesGoBackToTheHeapAsTheyAreWhenTheWindowGoes) {
+    Open();
+    TypePasswords(kMarkedOld, kMarkedNew);
+    CloseWatched();
+    EXPECT_GE(FreedBlocks::olds, 1);
+    EXPECT_GE(FreedBlocks::news, 2) << "the new password and its confirmation";
+}
+
+TEST_F(FreedSecrets, GoBackWithTheKeyThatAddsToThem) {
+    Open();
+    TypeInto(u"txtOldPass", kMarkedOld);
+    FreedBlocks::Watch();
+    user.Type(u"x");
+    FreedBlocks::Leave();
+    EXPECT_GE(FreedBlocks::olds, 1);
+}
+
+TEST_F(FreedSecrets, OfATargetStayUntilTheWindowGoes) {
+    OpenRows();
+    TypeOld(0, kMarkedOld);
+    Leave();
+    EXPECT_EQ(InPlace().Text(), u"");
+    CloseWatched();
+    EXPECT_GE(FreedBlocks::olds, 1);
+}
+
+TEST_F(FreedSecrets, OfTheSingleModeStayBehindTheSwitchUntilTheWindowGoes) {
+    Open();
+    TypeInto(u"txtOldPass", kMarkedOld);
+    ASSERT_TRUE(user.ClickOn(Same()));
+    Edit(1); // which empties the box
+    Leave();
+    EXPECT_EQ(InPlace().Text(), u"");
+    CloseWatched();
+    EXPECT_GE(FreedBlocks::olds, 1);
+}
+
+TEST_F(FreedSecrets, OfARunGoBackWithItsTargets) {
     Open();
     TypePasswords(kMarkedOld, kMarkedNew);
     FreedBlocks::Watch();
-    form->Unload();
-    form.reset();
-    Application::Current().UnloadAll();
+    ASSERT_TRUE(user.ClickOn(At(u"cmdOK")));
     FreedBlocks::Leave();
-    EXPECT_GE(FreedBlocks::olds, 1);
-    EXPECT_GE(FreedBlocks::news, 2) << "the new password and its confirmation";
+    EXPECT_EQ(ChangedServers().size(), 3U);
+    EXPECT_GE(FreedBlocks::olds, 4) << "that of the run, and one for each target";
+    EXPECT_GE(FreedBlocks::news, 3);
 }
 
 } // namespace kestrelmoor::tests
