@@ -27,22 +27,22 @@
 // Results. A negative one is a failure, anything else a success.
 #define LOC_S_OK ((int32_t)0)
 #define LOC_S_FALSE ((int32_t)1)
-#define LOC_E_NOTIMPL ((int32_t)0x80004001u)
-#define LOC_E_NOINTERFACE ((int32_t)0x80004002u)
-#define LOC_E_POINTER ((int32_t)0x80004003u)
-#define LOC_E_FAIL ((int32_t)0x80004005u)
-#define LOC_E_OUTOFMEMORY ((int32_t)0x8007000Eu)
-#define LOC_E_INVALIDARG ((int32_t)0x80070057u)
-#define LOC_DISP_E_MEMBERNOTFOUND ((int32_t)0x80020003u)
-#define LOC_DISP_E_UNKNOWNNAME ((int32_t)0x80020006u)
-#define LOC_DISP_E_BADINDEX ((int32_t)0x8002000Bu)
-#define LOC_CLASS_E_NOAGGREGATION ((int32_t)0x80040110u)
-#define LOC_CLASS_E_CLASSNOTAVAILABLE ((int32_t)0x80040111u)
+#define LOC_E_NOTIMPL ((int32_t)0x80004001U)
+#define LOC_E_NOINTERFACE ((int32_t)0x80004002U)
+#define LOC_E_POINTER ((int32_t)0x80004003U)
+#define LOC_E_FAIL ((int32_t)0x80004005U)
+#define LOC_E_OUTOFMEMORY ((int32_t)0x8007000EU)
+#define LOC_E_INVALIDARG ((int32_t)0x80070057U)
+#define LOC_DISP_E_MEMBERNOTFOUND ((int32_t)0x80020003U)
+#define LOC_DISP_E_UNKNOWNNAME ((int32_t)0x80020006U)
+#define LOC_DISP_E_BADINDEX ((int32_t)0x8002000BU)
+#define LOC_CLASS_E_NOAGGREGATION ((int32_t)0x80040110U)
+#define LOC_CLASS_E_CLASSNOTAVAILABLE ((int32_t)0x80040111U)
 // Results of the language library itself.
-#define LOC_E_NO_SUCH_TEXT ((int32_t)0x80040201u)    // GetText: no text of that number
-#define LOC_E_NO_SUCH_NOUN ((int32_t)0x80040202u)    // GetPluralText: no noun of that number
-#define LOC_E_NOT_INITIALIZED ((int32_t)0x80040203u) // asked for words ahead of a successful Initialize
-#define LOC_E_DAMAGED ((int32_t)0x80040204u)         // the library's texts are missing or damaged
+#define LOC_E_NO_SUCH_TEXT ((int32_t)0x80040201U)    // GetText: no text of that number
+#define LOC_E_NO_SUCH_NOUN ((int32_t)0x80040202U)    // GetPluralText: no noun of that number
+#define LOC_E_NOT_INITIALIZED ((int32_t)0x80040203U) // asked for words ahead of a successful Initialize
+#define LOC_E_DAMAGED ((int32_t)0x80040204U)         // the library's texts are missing or damaged
 
 #ifdef __cplusplus
 namespace kestrelmoor::abi {
@@ -60,17 +60,17 @@ typedef struct Guid {
 } Guid;
 
 // {00000000-0000-0000-C000-000000000046}
-static const Guid kIidUnknown = {0x00000000u, 0x0000u, 0x0000u, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+static const Guid kIidUnknown = {0x00000000U, 0x0000U, 0x0000U, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 // {00000001-0000-0000-C000-000000000046}
-static const Guid kIidClassFactory = {0x00000001u, 0x0000u, 0x0000u, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+static const Guid kIidClassFactory = {0x00000001U, 0x0000U, 0x0000U, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 // {00020400-0000-0000-C000-000000000046}
-static const Guid kIidDispatch = {0x00020400u, 0x0000u, 0x0000u, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+static const Guid kIidDispatch = {0x00020400U, 0x0000U, 0x0000U, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 // {A94E2C07-1B3F-4D62-9C75-28F6D03E8B14}
 static const Guid kIidLocalization = {
-    0xA94E2C07u, 0x1B3Fu, 0x4D62u, {0x9C, 0x75, 0x28, 0xF6, 0xD0, 0x3E, 0x8B, 0x14}};
+    0xA94E2C07U, 0x1B3FU, 0x4D62U, {0x9C, 0x75, 0x28, 0xF6, 0xD0, 0x3E, 0x8B, 0x14}};
 // {3D7A11C4-52E6-4F0B-A8D9-6E0C41B7F293}
 static const Guid kClsidLocalization = {
-    0x3D7A11C4u, 0x52E6u, 0x4F0Bu, {0xA8, 0xD9, 0x6E, 0x0C, 0x41, 0xB7, 0xF2, 0x93}};
+    0x3D7A11C4U, 0x52E6U, 0x4F0BU, {0xA8, 0xD9, 0x6E, 0x0C, 0x41, 0xB7, 0xF2, 0x93}};
 
 // A text handed out by a library: UTF-16, ended by a NUL, with its length in bytes (without the NUL) in the
 // 32 bits ahead of the first unit. On Windows it is a BSTR and is freed with SysFreeString; natively with
@@ -93,12 +93,14 @@ typedef struct LocArray {
 
 // In units of 16 bits, without the NUL.
 static inline uint32_t LocTextLength(const LocChar* text) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-cstyle-cast): C has no other
     return text ? ((const uint32_t*)(const void*)text)[-1] / (uint32_t)sizeof(LocChar) : 0;
 }
 
 #ifndef _WIN32
 static inline void LocFreeText(LocText text) {
     if (text) {
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-cstyle-cast): C has no other
         free((uint32_t*)(void*)text - 1);
     }
 }
@@ -169,7 +171,9 @@ struct IClassFactory {
 };
 
 // The two exports of a library, undecorated.
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): C has no constant for it
 #define LOC_GET_CLASS_OBJECT_NAME "DllGetClassObject"
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): C has no constant for it
 #define LOC_CAN_UNLOAD_NOW_NAME "DllCanUnloadNow"
 
 typedef int32_t(LOC_CALL* DllGetClassObjectCall)(const Guid* clsid, const Guid* iid, void** out);

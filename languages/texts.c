@@ -63,7 +63,7 @@ const uint16_t* HeldLanguages(uint32_t* count) {
 }
 
 bool ServesLanguage(uint16_t language) {
-    uint32_t count;
+    uint32_t count = 0;
     const uint16_t* held = HeldLanguages(&count);
     for (uint32_t i = 0; i < count; ++i) {
         if (held[i] == language) {
@@ -104,7 +104,7 @@ bool FindMessage(uint16_t number, TextSpan* out) {
 }
 
 bool FindNoun(uint16_t number, int32_t count, TextSpan* out) {
-    uint32_t amount = count < 0 ? 0u - (uint32_t)count : (uint32_t)count;
+    uint32_t amount = count < 0 ? 0U - (uint32_t)count : (uint32_t)count;
     uint32_t index = amount < kPluralTableSize ? amount : kPluralPeriod + amount % kPluralPeriod;
     const uint8_t* forms = (const uint8_t*)At(kTextArea.plural_table_offset);
     return FindRecord(number, forms[index], out);

@@ -1,5 +1,5 @@
-"""Moorlink.exe changes passwords, and looks at them at logon, where the network is bad: servers that don't answer, answer late, break off, or
-are not those that their names say.
+"""Moorlink.exe changes passwords, and looks at them at logon, where the network is bad: servers that don't answer,
+answer late, break off, or are not those that their names say.
 
 It asks the stand-in network library, which asks the bridge, whose client library is Samba's: how long an answer
 may take is theirs to say, and a minute is what that library gives it. The program has no limit of its own.

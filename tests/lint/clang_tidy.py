@@ -22,7 +22,7 @@ import subprocess
 import sys
 import tempfile
 
-from sources import ROOT, relative, tracked
+from sources import ROOT, tracked
 
 SETTINGS = ROOT / ".clang-tidy"
 OF_WINDOWS = ROOT / "src" / "platform" / "windows"

@@ -1,4 +1,5 @@
-"""clang-tidy finds nothing in the program and its language libraries; and it would, however the sources are put together."""
+"""clang-tidy finds nothing in the program and its language libraries; and it would, however the sources are put
+together."""
 
 import pathlib
 import re
@@ -117,7 +118,9 @@ class MadeUp(unittest.TestCase):
         self.assertEqual("", inspector.look(flags, ["--checks=-modernize-use-nullptr"]))
         self.assertIn("use nullptr", inspector.look(flags))
 
-    def test_a_fault_in_c_is_found(self):
+    def test_a_fault_in_c_is_found_in_the_language_libraries_folder(self):
+        self.sources = self.sources.parent / "languages"
+        self.sources.mkdir()
         text = "int %s(void) {\n    int count;\n    count = 1;\n    return count;\n}\n"
         sources = [self.write(name + ".c", text % name) for name in ("a", "b")]
         found = self.look(*sources, flags=("-std=c17",))

@@ -5,8 +5,6 @@
 #include "forms/about/frmAbout.h"
 #include "localization/language_resolution.h"
 #include "platform/practice/world/log_on.h"
-#include "shell/Main.h"
-#include "shell/log.h"
 #include "tests/native/support/accounts_of.h"
 #include "watch/expiry_watch.h"
 
@@ -29,6 +27,7 @@ void PrintTo(const OddText& text, std::ostream* stream) {
 
 const String kLongest(0x10000, u'x');
 const String kNul(u"front\0behind", 12);
+const String kTurned = u'\x202E' + String(u"drowssap\x202C");
 
 const std::vector<OddText> kOddTexts{
     {"Empty", u"", u""},
@@ -43,11 +42,7 @@ const std::vector<OddText> kOddTexts{
     {"WithTabs", u"\t\t\t", u"\t\t\t"},
     {"WithLineBreaks", u"\r\n\n\r\x2028", u"\r\n\n\r\x2028"},
     {"OfAcceleratorMarks", u"&&&&&", u"&&&&&"},
-    {"ThatTurnsTheDirection",
-     u"\x202E"
-     u"drowssap\x202C",
-     u"\x202E"
-     u"drowssap\x202C"},
+    {"ThatTurnsTheDirection", kTurned, kTurned},
     {"ThatLooksLikeATarget", u"\\\\ARCHIVE", u"\\\\ARCHIVE"},
     {"ThatLooksLikeAPath", u"..\\..\\C:\\nul", u"..\\..\\C:\\nul"},
 };
