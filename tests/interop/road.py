@@ -6,10 +6,10 @@
         road.let_go()
 
 The ways: "open" passes everything on, "silent" takes connections and says nothing, "late" keeps back all that the
-server says until it is let go, "hold" keeps back its answer to the change until it is let go, "cut ahead" breaks off when the request for the change
-comes and doesn't pass it on, "cut behind" passes it on and breaks off when the server's answer comes, "cut within"
-breaks off ahead of the last byte of that answer, and "cut at N" breaks off when N bytes have gone to callers; a
-server's word that it is still at work, which comes or not by chance, doesn't count.
+server says until it is let go, "hold" keeps back its answer to the change until then, "cut ahead" breaks off when the
+request for the change comes and doesn't pass it on, "cut behind" passes it on and breaks off when the server's answer
+comes, "cut within" breaks off ahead of the last byte of that answer, and "cut at N" breaks off when N bytes have gone
+to callers; a server's word that it is still at work, which comes or not by chance, doesn't count.
 
 A road tells what happens on it, in the order in which it happens: "connected", "asked" (the request for the
 change has come), "answered" (so has the answer to it), "cut", and "passed N", the bytes to callers so far.
